@@ -1,0 +1,40 @@
+# Settings that every target of the project shares, and the two functions by which folders and tests declare themselves.
+
+add_library(kelvor_settings INTERFACE)
+target_compile_options(kelvor_settings INTERFACE -Wall -Wextra)
+target_compile_definitions(kelvor_settings INTERFACE
+  KELVOR_HOST_INTERFACE=${KELVOR_HOST_INTERFACE}
+  QT_NO_FOREACH
+  # The client brings a Qt 5 of its own, 5.12 in some versions: nothing newer is called, so what 5.15 deprecates stays in use.
+  QT_DEPRECATED_WARNINGS_SINCE=0x050c00)
+if(KELVOR_SANITIZE)
+  target_compile_options(kelvor_settings INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(kelvor_settings INTERFACE -fsanitize=address,undefined)
+endif()
+
+# kelvor_folder(NAME SOURCES file... LINKS target...): the static library of one folder of the plugin, target kelvor_NAME.
+# It links only what stands below it, so that an include against the arrows does not build.
+function(kelvor_folder name)
+  cmake_parse_arguments(FOLDER "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(kelvor_${name} STATIC ${FOLDER_SOURCES})
+  target_include_directories(kelvor_${name} INTERFACE ${PROJECT_SOURCE_DIR})
+  target_include_directories(kelvor_${name} PRIVATE ${PROJECT_SOURCE_DIR})
+  # Without the tag the library asks for the symbol version Qt_5, which every Qt 5 has, and not for the builder's.
+  target_compile_definitions(kelvor_${name} PRIVATE QT_NO_VERSION_TAGGING)
+  target_link_libraries(kelvor_${name} PUBLIC kelvor_settings Qt5::Core Qt5::Gui Qt5::Widgets ${FOLDER_LINKS})
+endfunction()
+
+# kelvor_test(NAME LINKS target... [ENVIRONMENT var=value...] [TIMEOUT seconds] [SOURCES file...]): the program NAME.cpp of
+# the calling folder as a test, run without a display of its own.
+function(kelvor_test name)
+  cmake_parse_arguments(TEST "" "TIMEOUT" "LINKS;ENVIRONMENT;SOURCES" ${ARGN})
+  if(NOT TEST_TIMEOUT)
+    set(TEST_TIMEOUT 120)
+  endif()
+  add_executable(${name} ${name}.cpp ${TEST_SOURCES})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${name} PRIVATE kelvor_settings Qt5::Test ${TEST_LINKS})
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES TIMEOUT ${TEST_TIMEOUT}
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;XDG_RUNTIME_DIR=${CMAKE_BINARY_DIR};${TEST_ENVIRONMENT}")
+endfunction()
