@@ -12,7 +12,7 @@ namespace {
 bool isFileIn(const QString& localFile, const QString& localDirectory)
 {
     const QFileInfo file(QDir::cleanPath(localFile));
-    return file.absolutePath() == QDir(localDirectory).absolutePath() && !file.isDir();
+    return file.absolutePath() == QDir::cleanPath(QDir(localDirectory).absolutePath()) && !file.isDir();
 }
 
 // Runs a dialog whose start gave result. False when it was refused, closed or destroyed before the end.

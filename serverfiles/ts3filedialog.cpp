@@ -1,48 +1,19 @@
 #include "ts3filedialog.h"
 
+#include "filetexts.h"
 #include "hostapi/hostcalls.h"
 #include "mytableitem.h"
 #include "prompts/prompts.h"
 
-#include <QDateTime>
 #include <QPointer>
 #include <QPushButton>
 #include <QStatusBar>
-
-#include <array>
 
 namespace {
 
 enum column : int { nameColumn, sizeColumn, typeColumn, dateColumn };
 
 QString iconPath(const char* name) { return QString::fromLatin1(":/gfx/gfx/%1.png").arg(QLatin1String(name)); }
-
-// Cut to whole units, each step once more: 1048575 bytes are 1023 KB. Very large sizes wrap in the first step.
-QString sizeText(uint64 size)
-{
-    constexpr std::array<const char*, 7> units{"Bytes", "KB", "MB", "GB", "TB", "PB", "EB"};
-    std::size_t unit = 0;
-    while (size >= 1024 && unit + 1 < units.size()) {
-        size = static_cast<uint64>(static_cast<double>((size * 100) >> 10) / 100.0);
-        ++unit;
-    }
-    return QString::fromLatin1("%1 %2").arg(size).arg(QLatin1String(units[unit]));
-}
-
-QString dateText(uint64 datetime)
-{
-    // 32 bits of seconds, as far as the file store's dates go.
-    const auto seconds = static_cast<quint32>(datetime);
-    return QDateTime::fromSecsSinceEpoch(seconds).toString(QString::fromLatin1("MMM dd hh:mm:ss yyyy"));
-}
-
-// A name without a dot is its own suffix: a file called just "png" is a picture.
-bool isPicture(const QString& name)
-{
-    const QString suffix = name.section(QLatin1Char('.'), -1).toLower();
-    return suffix == QLatin1String("jpg") || suffix == QLatin1String("png") || suffix == QLatin1String("bmp")
-        || suffix == QLatin1String("gif");
-}
 
 // Every item in the first column is a mytableitem.
 const mytableitem& rowItem(const QTableWidget& table, int row)
@@ -179,11 +150,11 @@ void ts3filedialog::onFileList(uint64 schandler, uint64 channelID, QString path,
     if (schandler != this->schandler || channelID != channel || path != this->path)
         return;
     const bool directory = type == FileListType_Directory;
-    if (!directory && (saving() || !isPicture(name)))
+    if (!directory && (saving() || !filetexts::isPicture(name)))
         return;
     auto* const item = new mytableitem(name, directory ? mytableitem::directoryKind : mytableitem::fileKind, 0);
     item->setIcon(directory ? directoryIcon : fileIcon);
-    auto* const sizeItem = new QTableWidgetItem(directory ? QString() : sizeText(size));
+    auto* const sizeItem = new QTableWidgetItem(directory ? QString() : filetexts::sizeText(size));
     if (!directory)
         sizeItem->setData(Qt::UserRole, QVariant::fromValue<qulonglong>(size));
     const int row = placeOf(*item);
@@ -191,7 +162,7 @@ void ts3filedialog::onFileList(uint64 schandler, uint64 channelID, QString path,
     table->setItem(row, nameColumn, item);
     table->setItem(row, sizeColumn, sizeItem);
     table->setItem(row, typeColumn, new QTableWidgetItem(QString::fromLatin1(directory ? "Directory" : "File")));
-    table->setItem(row, dateColumn, new QTableWidgetItem(dateText(datetime)));
+    table->setItem(row, dateColumn, new QTableWidgetItem(filetexts::dateText(datetime)));
     sortChannelsBehind();
 }
 
