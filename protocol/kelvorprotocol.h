@@ -9,6 +9,11 @@
 
 #include <memory>
 
+enum class messagekind : char;
+struct channelmessage;
+struct clientmessage;
+struct sendermessage;
+
 /// Turns the messages of peers into signals and send requests into messages. It keeps no list of sessions or peers: one
 /// object, owned by the controller, serves all server connections, and every receiver compares the connection and,
 /// where it matters, the sender. Signals are emitted from inside dispatch(), on the client's thread.
@@ -90,6 +95,13 @@ signals:
     void busy(uint64 schid, anyID sender);
 
 private:
+    template <typename Write> bool send(uint64 schid, const anyID* targets, Write write) const;
+    bool sendSender(messagekind kind, uint64 schid, const anyID* targets) const;
+    bool sendSenderTo(messagekind kind, uint64 schid, anyID target) const;
+    bool sendClient(messagekind kind, uint64 schid, anyID client, const anyID* targets) const;
+    bool sendClientList(messagekind kind, uint64 schid, const anyID* list, anyID target) const;
+    bool sendChannel(messagekind kind, uint64 schid, uint64 channel, const anyID* targets) const;
+
     TS3Functions functions;
     std::unique_ptr<char[]> pluginID; ///< null until the client has named it
     bool answersPing = true;
