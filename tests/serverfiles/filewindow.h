@@ -1,0 +1,71 @@
+#pragma once
+
+#include "serverfiles/ts3filedialog.h"
+
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTableWidget>
+#include <QTest>
+
+/// A remote file dialog as its user has it: the widgets, by the names that the form gives them, and hands on the table.
+class filewindow {
+public:
+    explicit filewindow(const ts3filedialog& dialog)
+        : table(*dialog.findChild<QTableWidget*>("table"))
+        , up(*dialog.findChild<QPushButton*>("upbutton"))
+        , refresh(*dialog.findChild<QPushButton*>("refreshbutton"))
+        , label(*dialog.findChild<QLabel*>("filenamelabel"))
+        , edit(*dialog.findChild<QLineEdit*>("filenameedit"))
+        , ok(*dialog.findChild<QDialogButtonBox*>("buttonBox")->button(QDialogButtonBox::Ok))
+        , cancel(*dialog.findChild<QDialogButtonBox*>("buttonBox")->button(QDialogButtonBox::Cancel))
+        , status(*dialog.findChild<QStatusBar*>())
+    {
+    }
+
+    void select(int row) { QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, placeOf(row)); }
+
+    /// Answered by the dialog in the next turn of the event loop.
+    void doubleClick(int row)
+    {
+        select(row);
+        QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, placeOf(row));
+    }
+
+    QStringList names() const
+    {
+        QStringList texts;
+        for (int row = 0; row < table.rowCount(); ++row)
+            texts.append(table.item(row, 0)->text());
+        return texts;
+    }
+
+    /// A row as the texts of its cells, "-" where there is none.
+    QStringList rowTexts(int row) const
+    {
+        QStringList texts;
+        for (int column = 0; column < table.columnCount(); ++column) {
+            const QTableWidgetItem* const item = table.item(row, column);
+            texts.append(item ? item->text() : QString("-"));
+        }
+        return texts;
+    }
+
+    QTableWidget& table;
+    QPushButton& up;
+    QPushButton& refresh;
+    QLabel& label;
+    QLineEdit& edit;
+    QPushButton& ok;
+    QPushButton& cancel;
+    QStatusBar& status;
+
+private:
+    QPoint placeOf(int row) const
+    {
+        table.scrollToItem(table.item(row, 0));
+        return table.visualItemRect(table.item(row, 0)).center();
+    }
+};
