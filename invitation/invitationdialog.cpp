@@ -139,7 +139,8 @@ void invitationdialog::dialogFinished(int ret)
     emit inviteFinished(ret, schandler);
 }
 
-// The file dialog and the transfer run nested event loops, in which this dialog may end or be destroyed.
+// The file dialog and the transfer run nested event loops, in which this dialog may end or be destroyed. What they are
+// given and give is kept on the stack for that long.
 void invitationdialog::onLoadButtonClicked()
 {
     if (fileDialog)
@@ -169,9 +170,12 @@ void invitationdialog::onLoadButtonClicked()
 void invitationdialog::fetchPicture()
 {
     const QPointer<invitationdialog> self(this);
+    const QString password = imagePassword;
+    const QString path = imagePath;
+    const QString directory = downloadDir;
     unsigned int error = ERROR_ok;
     const QString file =
-        download(ts3Functions, schandler, imageChannel, imagePassword, imagePath, imageSize, &error, downloadDir, this);
+        download(ts3Functions, schandler, imageChannel, password, path, imageSize, &error, directory, this);
     if (!self || ended)
         return;
     imageFile = file;
