@@ -1,0 +1,134 @@
+#include "paintscene.h"
+
+#include "brushes/airbrushbrush.h"
+#include "brushes/ellipsebrush.h"
+#include "brushes/eraserbrush.h"
+#include "brushes/linebrush.h"
+#include "brushes/pencilbrush.h"
+#include "brushes/picturefile.h"
+#include "brushes/rectbrush.h"
+#include "brushes/selectionbrush.h"
+#include "brushes/textbrush.h"
+#include "layers.h"
+#include "paintscenetools.h"
+
+#include <QSaveFile>
+
+#include <utility>
+
+namespace {
+
+constexpr QRgb paper = 0xffffffff;
+constexpr QRgb unpainted = 0x00ffffff;
+
+QImage makeLayer(const QSize& size, QRgb value)
+{
+    QImage layer(size, QImage::Format_ARGB32);
+    layer.fill(value);
+    return layer;
+}
+
+bool isHeld(int width, int height) { return width > 0 && height > 0 && qint64{width} * height <= mostPixels; }
+
+} // namespace
+
+paintscene::paintscene(int width, int height, QWidget* parent)
+    : QWidget(parent)
+    , canvas(isHeld(width, height) ? makeLayer(QSize(width, height), paper) : QImage())
+    , pencil(std::make_unique<pencilbrush>())
+    , line(std::make_unique<linebrush>())
+    , rect(std::make_unique<rectbrush>())
+    , ellipse(std::make_unique<ellipsebrush>())
+    , eraser(std::make_unique<eraserbrush>())
+    , airbrush(std::make_unique<airbrushbrush>())
+    , text(std::make_unique<textbrush>())
+    , selection(std::make_unique<selectionbrush>())
+    , color(QString::fromLatin1("black"))
+{
+    setStyleSheet(QString::fromLatin1("background-color: white"));
+    // Not WA_PaintOnScreen, although the canvas paints all of itself: with it Qt 5 never calls paintEvent.
+    setAttribute(Qt::WA_StaticContents);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    resize(canvas.size());
+    selection->reset();
+}
+
+paintscene::~paintscene() = default;
+
+void paintscene::setImage(const QString& path, bool asBackground)
+{
+    if (canvas.isNull()) {
+        return;
+    }
+    if (path.isEmpty()) {
+        canvas.fill(paper);
+        return;
+    }
+    if (asBackground) {
+        canvas.fill(unpainted);
+        // Made no sooner, for most sessions have no background and do without its memory.
+        if (background.isNull()) {
+            background = makeLayer(canvas.size(), paper);
+        }
+        loadLayer(background, path);
+        backgroundCovers = layers::covers(background, canvas.rect());
+    } else {
+        loadLayer(canvas, path);
+    }
+    hasBackground = asBackground;
+}
+
+void paintscene::loadLayer(QImage& layer, const QString& path)
+{
+    QImage picture = readPicture(path);
+    if (!picture.isNull()) {
+        layer = std::move(picture).convertToFormat(QImage::Format_ARGB32);
+    }
+    layers::normalise(layer);
+}
+
+void paintscene::savePicture(const QString& path)
+{
+    // Written beside the file and put in its place at the end: an export that breaks off must not take an older one
+    // with it.
+    QSaveFile file(path);
+    if (canvas.isNull() || !file.open(QIODevice::WriteOnly)) {
+        return;
+    }
+    const QImage picture = hasBackground ? layers::merged(background, canvas) : canvas;
+    if (picture.save(&file, "PNG", -1)) {
+        file.commit();
+    }
+}
+
+void paintscene::setTool(kelvortool newTool)
+{
+    tool = newTool;
+    selection->reset();
+    update();
+    updateCursor();
+}
+
+void paintscene::setThickness(qreal newThickness)
+{
+    thickness = newThickness;
+    updateCursor();
+}
+
+void paintscene::setColor(const QColor& newColor) { color = newColor; }
+
+void paintscene::updateCursor()
+{
+    const toolrow* row = rowOf(tool);
+    // The airbrush has no cursor of its own and keeps the one of the tool before it.
+    if (!row || !row->cursor) {
+        return;
+    }
+    const bool dependsOnThickness = tool == kelvortool::eraser;
+    if (cursorTool == tool && (!dependsOnThickness || cursorThickness == thickness)) {
+        return;
+    }
+    setCursor(row->cursor(thickness));
+    cursorTool = tool;
+    cursorThickness = thickness;
+}

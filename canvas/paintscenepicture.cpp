@@ -1,0 +1,49 @@
+#include "layers.h"
+#include "paintscenetools.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+
+void paintscene::paintEvent(QPaintEvent* event)
+{
+    QPainter screen(this);
+    for (const QRect& exposed : event->region()) {
+        paintExposed(screen, exposed);
+    }
+}
+
+void paintscene::paintExposed(QPainter& screen, const QRect& exposed)
+{
+    // A band at a time, so that a repaint of everything needs no second picture; 1 MiB stays in the processor's cache.
+    const int bandPixels = 1 << 18;
+    const int rows = qBound(1, bandPixels / exposed.width(), exposed.height());
+    // Overlays are painted in the canvas's own pixels and format, so that what is previewed is what will be painted, on
+    // scaled screens too.
+    const bool seeThrough = hasBackground && !backgroundCovers;
+    QImage band(exposed.width(), rows, seeThrough ? QImage::Format_ARGB32 : QImage::Format_RGB32);
+    for (int top = exposed.top(); top <= exposed.bottom(); top += rows) {
+        const QRect part(exposed.left(), top, exposed.width(), qMin(rows, exposed.bottom() - top + 1));
+        layers::compose(band, part.topLeft(), background, canvas);
+        drawOverlay(band, part.topLeft());
+        if (seeThrough) {
+            // The toolkit leaves the widget's own background out for a widget that paints all of itself.
+            screen.fillRect(part, Qt::white);
+        }
+        screen.drawImage(part.topLeft(), band, QRect(QPoint(), part.size()));
+    }
+}
+
+void paintscene::drawOverlay(QImage& band, const QPoint& origin)
+{
+    const toolrow* row = rowOf(tool);
+    if (!row || !row->overlay || canvas.isNull()) {
+        return;
+    }
+    QImage view(band.bits(), band.width(), band.height(), band.bytesPerLine(), QImage::Format_ARGB32);
+    QPainter painter(&view);
+    painter.translate(-origin);
+    if (hasBackground) {
+        painter.setClipRect(canvas.rect());
+    }
+    row->overlay(*this, &painter);
+}

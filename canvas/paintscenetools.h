@@ -1,0 +1,48 @@
+#pragma once
+
+#include "paintscene.h"
+
+#include <QCursor>
+#include <QMouseEvent>
+
+class QPainter;
+
+/// A mouse event on its way to a tool, and what the tool asks of the canvas in return.
+struct paintscene::toolevent {
+    explicit toolevent(const QMouseEvent& event)
+        : button(event.button())
+        , buttons(event.buttons())
+        , modifiers(event.modifiers())
+        , pos(event.pos())
+    {
+    }
+
+    QPainter* painter = nullptr; ///< open on the canvas while the tool is called
+    int button;
+    Qt::MouseButtons buttons;
+    Qt::KeyboardModifiers modifiers;
+    QPoint pos;
+    bool recordPoint = false;
+    bool clearPoints = false;
+    bool flushPoints = true;
+    QString* finished = nullptr; ///< a finished text, which the canvas deletes
+};
+
+/// Whether the tool paints from position to position and has no overlay, so that what it touched is known.
+inline bool isPath(kelvortool tool)
+{
+    return tool == kelvortool::pencil || tool == kelvortool::eraser || tool == kelvortool::airbrush;
+}
+
+/// What the canvas does for one value of kelvortool. A null entry stands for nothing to do.
+struct paintscene::toolrow {
+    using mousecall = bool (*)(paintscene& scene, toolevent& event);
+
+    kelvortool tool;
+    QCursor (*cursor)(qreal thickness); ///< without one the cursor of the tool before stays
+    mousecall press;
+    mousecall move;
+    mousecall release;
+    void (*overlay)(paintscene& scene, QPainter* painter);
+    void (*replay)(paintscene& scene, QPainter* painter, const QColor& color, qreal thick, const QList<QPoint>& points);
+};
