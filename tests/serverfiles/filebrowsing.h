@@ -46,6 +46,14 @@ public:
         emit parent->fileList(connection, openChannel, directory, name, 0, 0, FileListType_Directory);
     }
 
+    /// Enters a directory that the client delivers, just for that, as the only one of the present directory.
+    void enterDirectory(filewindow& window, const QString& name, const QString& present)
+    {
+        giveDirectory(name, present);
+        QCOMPARE(window.table.rowCount(), 1);
+        window.enter();
+    }
+
     fakehost host;
     fakeserver& server;
     QPointer<fileparent> parent = new fileparent;
@@ -64,7 +72,7 @@ private:
             const QPointer<ts3filedialog> self(&shown);
             filewindow window(shown);
             act(window);
-            if (self)
+            if (self && self->isVisible())
                 self->reject();
         });
         const bool answer = mode(*dialog.get());

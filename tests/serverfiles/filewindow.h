@@ -34,6 +34,13 @@ public:
         QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, placeOf(row));
     }
 
+    /// Enters what stands in the first row and waits for its empty table.
+    void enter()
+    {
+        doubleClick(0);
+        QTRY_COMPARE(table.rowCount(), 0);
+    }
+
     QStringList names() const
     {
         QStringList texts;

@@ -158,8 +158,7 @@ void tst_filelisting::rowsOfADirectory()
 {
     filebrowsing browsing;
     browsing.open([&](filewindow& window) {
-        window.doubleClick(0);
-        QTRY_COMPARE(window.table.rowCount(), 0);
+        window.enter();
         QCOMPARE(window.table.horizontalHeaderItem(3)->text(), QString("Last Changed"));
 
         const QDateTime changed(QDate(2010, 5, 7), QTime(9, 8, 3));
@@ -182,8 +181,7 @@ void tst_filelisting::onlyPicturesAreListed()
 {
     filebrowsing browsing;
     browsing.open([&](filewindow& window) {
-        window.doubleClick(0);
-        QTRY_COMPARE(window.table.rowCount(), 0);
+        window.enter();
         for (const char* name : {"a.txt", "HOLIDAY.JPG", "png", "b.jpeg", "c"})
             browsing.giveFile(name);
         QCOMPARE(window.names(), QStringList({"HOLIDAY.JPG", "png"}));
@@ -194,8 +192,7 @@ void tst_filelisting::saveModeListsDirectoriesOnly()
 {
     filebrowsing browsing;
     browsing.save([&](filewindow& window) {
-        window.doubleClick(0);
-        QTRY_COMPARE(window.table.rowCount(), 0);
+        window.enter();
         browsing.giveFile("a.png");
         browsing.giveDirectory("a.txt");
         QCOMPARE(window.names(), QStringList({"a.txt"}));
@@ -206,8 +203,7 @@ void tst_filelisting::everyTypeButZeroIsAFile()
 {
     filebrowsing browsing;
     browsing.open([&](filewindow& window) {
-        window.doubleClick(0);
-        QTRY_COMPARE(window.table.rowCount(), 0);
+        window.enter();
         for (const int type : {-1, 2, 1000})
             emit browsing.parent->fileList(filebrowsing::connection, filebrowsing::openChannel, "/", "a.png", 1, 1,
                                            type);
@@ -236,8 +232,7 @@ void tst_filelisting::foreignAnswersFallAway()
     QFETCH(QString, path);
     filebrowsing browsing;
     browsing.open([&](filewindow& window) {
-        window.doubleClick(0);
-        QTRY_COMPARE(window.table.rowCount(), 0);
+        window.enter();
         emit browsing.parent->fileList(connection, channel, path, "a.png", 1, 1, FileListType_File);
         QCOMPARE(window.table.rowCount(), 0);
     });
@@ -247,11 +242,9 @@ void tst_filelisting::answersOfAnEarlierDirectoryFallAway()
 {
     filebrowsing browsing;
     browsing.open([&](filewindow& window) {
-        window.doubleClick(0);
-        QTRY_COMPARE(window.table.rowCount(), 0);
+        window.enter();
         browsing.giveDirectory("d");
-        window.doubleClick(0);
-        QTRY_COMPARE(window.table.rowCount(), 0);
+        window.enter();
         browsing.giveFile("late.png", 1, "/");
         browsing.giveFile("right.png", 1, "/d");
         QCOMPARE(window.names(), QStringList({"right.png"}));
@@ -262,8 +255,7 @@ void tst_filelisting::emptyDirectoryLeavesTheTableEmpty()
 {
     filebrowsing browsing;
     browsing.open([](filewindow& window) {
-        window.doubleClick(0);
-        QTRY_COMPARE(window.table.rowCount(), 0);
+        window.enter();
         QVERIFY(window.status.currentMessage().isEmpty());
         QVERIFY(!window.ok.isEnabled());
     });
@@ -273,8 +265,7 @@ void tst_filelisting::directoriesComeFirstEachByName()
 {
     filebrowsing browsing;
     browsing.open([&](filewindow& window) {
-        window.doubleClick(0);
-        QTRY_COMPARE(window.table.rowCount(), 0);
+        window.enter();
         for (const char* name : {"b.png", "B.png", "a.png", "A.png"})
             browsing.giveFile(name);
         for (const char* name : {"z", "Z", "y"})
@@ -295,8 +286,7 @@ void tst_filelisting::rowsStandWhereSortingAtEachRowPutsThem()
     QFETCH(unsigned int, seed);
     filebrowsing browsing;
     browsing.open([&](filewindow& window) {
-        window.doubleClick(0);
-        QTRY_COMPARE(window.table.rowCount(), 0);
+        window.enter();
         QTableWidget expected(0, 3);
         const QList<entry> entries = randomEntries(seed, 60);
         for (const entry& added : entries) {
@@ -319,8 +309,7 @@ void tst_filelisting::selectionStaysWithItsRow()
 {
     filebrowsing browsing;
     browsing.open([&](filewindow& window) {
-        window.doubleClick(0);
-        QTRY_COMPARE(window.table.rowCount(), 0);
+        window.enter();
         browsing.giveFile("m.png");
         window.select(0);
         QVERIFY(window.ok.isEnabled());
@@ -341,7 +330,6 @@ void tst_filelisting::entriesBetweenChannelsPushThemBehind()
         const whenopen<QInputDialog> user([](QInputDialog& prompt) { prompt.reject(); });
         window.doubleClick(0);
         QTRY_VERIFY(user.ran());
-        QTRY_VERIFY(!qobject_cast<QInputDialog*>(QApplication::activeModalWidget()));
         browsing.giveFile("x.png");
         browsing.giveDirectory("d");
         QCOMPARE(window.names(), QStringList({"d", "x.png", "Attic", "Lobby", "Vault"}));

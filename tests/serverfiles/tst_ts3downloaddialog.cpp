@@ -4,9 +4,7 @@
 #include "tests/support/fakehost.h"
 #include "tests/support/whenopen.h"
 
-#include <QDir>
 #include <QProgressBar>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <memory>
@@ -44,11 +42,6 @@ private slots:
     void sizeOutsideOfTheFileLeavesTheBarAlone_data();
     void sizeOutsideOfTheFileLeavesTheBarAlone();
     void emptyFileDoesNotDivideByZero();
-    void localPathFollowsTheRemoteName_data();
-    void localPathFollowsTheRemoteName();
-    void nameOutsideOfTheDirectoryCountsAsFailed_data();
-    void nameOutsideOfTheDirectoryCountsAsFailed();
-    void nameOfALocalDirectoryCountsAsFailed();
     void destroyedParentEndsItAsFailed_data();
     void destroyedParentEndsItAsFailed();
 
@@ -291,112 +284,6 @@ void tst_ts3downloaddialog::emptyFileDoesNotDivideByZero()
         completeTransfer();
     });
     QVERIFY(upload(host->table(), connection, channel, "", "/empty.png", "/tmp", 0, &error, parent));
-    QVERIFY(user.ran());
-}
-
-void tst_ts3downloaddialog::localPathFollowsTheRemoteName_data()
-{
-    QTest::addColumn<QString>("remotePath");
-    QTest::addColumn<QString>("directory");
-    QTest::addColumn<QString>("localPath");
-
-    const QString longName(5000, 'n');
-    QTest::newRow("at the root") << "/b.png"
-                                 << "X"
-                                 << "X/b.png";
-    QTest::newRow("in a directory") << "/d/e/b.png"
-                                    << "X"
-                                    << "X/b.png";
-    QTest::newRow("without a slash") << "b.png"
-                                     << "X"
-                                     << "X/b.png";
-    QTest::newRow("double slash") << "/d//b.png"
-                                  << "X"
-                                  << "X/b.png";
-    QTest::newRow("directory with a separator") << "/b.png"
-                                                << "/X/"
-                                                << "/X//b.png";
-    QTest::newRow("directory with two") << "/b.png"
-                                        << "/X//"
-                                        << "/X///b.png";
-    QTest::newRow("place markers") << "/%1%3.png"
-                                   << "/%2"
-                                   << "/%2/%1%3.png";
-    QTest::newRow("dots in the name") << "/..b.png"
-                                      << "X"
-                                      << "X/..b.png";
-    QTest::newRow("two dots above") << "/../../b.png"
-                                    << "X"
-                                    << "X/b.png";
-    QTest::newRow("very long") << '/' + longName << "X"
-                               << "X/" + longName;
-    QTest::newRow("not ASCII") << QString::fromUtf8("/\xe2\x82\xac.png") << "X"
-                               << QString::fromUtf8("X/\xe2\x82\xac.png");
-    QTest::newRow("root directory") << "/b.png"
-                                    << "/"
-                                    << "//b.png";
-    QTest::newRow("directory with dots") << "/b.png"
-                                         << "/a/../X"
-                                         << "/a/../X/b.png";
-}
-
-void tst_ts3downloaddialog::localPathFollowsTheRemoteName()
-{
-    QFETCH(QString, remotePath);
-    QFETCH(QString, directory);
-    const whenopen<ts3downloaddialog> user([this](ts3downloaddialog&) { completeTransfer(); });
-    QTEST(runDownload(remotePath, directory), "localPath");
-    QVERIFY(user.ran());
-    QCOMPARE(host->requests.first().path, remotePath.toLatin1());
-}
-
-void tst_ts3downloaddialog::nameOutsideOfTheDirectoryCountsAsFailed_data()
-{
-    QTest::addColumn<QString>("remotePath");
-    QTest::addColumn<QString>("directory");
-
-    QTest::newRow("empty") << ""
-                           << "/X";
-    QTest::newRow("root") << "/"
-                          << "/X";
-    QTest::newRow("slash at the end") << "/d/b.png/"
-                                      << "/X";
-    QTest::newRow("slash at the end, too in the directory") << "/d/b.png/"
-                                                            << "/X/";
-    QTest::newRow("parent directory") << "/d/.."
-                                      << "/X";
-    QTest::newRow("bare parent directory") << ".."
-                                           << "/X";
-    QTest::newRow("the directory itself") << "/d/."
-                                          << "/X";
-    QTest::newRow("parent of a relative directory") << "/.."
-                                                    << "X";
-    QTest::newRow("parent of the working directory") << "/.."
-                                                     << ".";
-    QTest::newRow("parent of the root") << "/.."
-                                        << "/";
-    QTest::newRow("no directory") << "/b.png"
-                                  << "";
-}
-
-// The request goes out as it is; it is the local file that is not believed in.
-void tst_ts3downloaddialog::nameOutsideOfTheDirectoryCountsAsFailed()
-{
-    QFETCH(QString, remotePath);
-    QFETCH(QString, directory);
-    const whenopen<ts3downloaddialog> user([this](ts3downloaddialog&) { completeTransfer(); });
-    QVERIFY(runDownload(remotePath, directory).isNull());
-    QVERIFY(user.ran());
-    QCOMPARE(host->requests.first().path, remotePath.toLatin1());
-    QCOMPARE(error, untouched);
-}
-
-void tst_ts3downloaddialog::nameOfALocalDirectoryCountsAsFailed()
-{
-    const QTemporaryDir downloads;
-    QVERIFY(QDir(downloads.path()).mkdir("b.png"));
-    const whenopen<ts3downloaddialog> user([this](ts3downloaddialog&) { completeTransfer(); });
-    QVERIFY(runDownload("/b.png", downloads.path()).isNull());
     QVERIFY(user.ran());
 }
 
