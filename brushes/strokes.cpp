@@ -1,0 +1,48 @@
+#include "strokes.h"
+
+#include <QPainter>
+#include <QRectF>
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+/// Beyond any picture, and small enough for the toolkit to compute extents in 32 bits.
+constexpr double farAway = 1 << 29;
+
+double near(double coordinate) { return std::clamp(coordinate, -farAway, farAway); }
+
+} // namespace
+
+namespace strokes {
+
+QPen pen(const QBrush& brush, qreal thick, Qt::PenStyle style)
+{
+    return QPen(brush, thick, style, Qt::RoundCap, Qt::RoundJoin);
+}
+
+// The name, for Qt::gray is another grey.
+QPen bandPen() { return pen(QColor(QLatin1String("grey")), 1.0, Qt::DotLine); }
+
+void eraseArea(QPainter* painter, const QRect& area, bool opaque)
+{
+    const double left = near(area.left());
+    const double top = near(area.top());
+    const double right = near(area.right() + 1.0);
+    const double bottom = near(area.bottom() + 1.0);
+    const QPainter::CompositionMode mode = painter->compositionMode();
+    // Clear, not white: on a canvas over a background the background must show again.
+    if (!opaque)
+        painter->setCompositionMode(QPainter::CompositionMode_Clear);
+    painter->eraseRect(QRectF(left, top, right - left, bottom - top));
+    painter->setCompositionMode(mode);
+}
+
+int saturated(qint64 value)
+{
+    return static_cast<int>(
+        std::clamp<qint64>(value, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
+}
+
+} // namespace strokes
