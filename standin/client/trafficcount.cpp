@@ -1,0 +1,17 @@
+#include "trafficcount.h"
+
+namespace {
+
+int kindOf(const QByteArray& text) { return text.isEmpty() ? 0 : int(quint8(text.at(0))); }
+
+} // namespace
+
+void trafficcount::countSent(const QByteArray& text, int targets) { sent[kindOf(text)] += targets; }
+
+void trafficcount::countReceived(const QByteArray& text) { ++received[kindOf(text)]; }
+
+void trafficcount::clear()
+{
+    sent.clear();
+    received.clear();
+}
