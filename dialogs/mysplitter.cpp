@@ -17,7 +17,7 @@ QSplitterHandle* mysplitter::createHandle()
 
 void mysplitter::onHandleDoubleClicked(int index)
 {
-    if (index == 0 || index >= count())
+    if (index <= 0 || index >= count())
         return;
     restoring = true;
     QList<int> current = sizes();

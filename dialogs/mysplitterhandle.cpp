@@ -51,12 +51,12 @@ void mysplitterhandle::mouseDoubleClickEvent(QMouseEvent* event)
 }
 
 // A hand that trembles during a click is no drag as long as the handle would stay where it is.
-bool mysplitterhandle::isDrag(const QPoint& position) const
+bool mysplitterhandle::isDrag(const QPoint& position)
 {
     const QPoint way = position - pressPosition;
     if (way.manhattanLength() >= QApplication::startDragDistance())
         return true;
     const bool horizontal = orientation() == Qt::Horizontal;
     const int place = horizontal ? x() : y();
-    return const_cast<mysplitterhandle*>(this)->closestLegalPosition(place + (horizontal ? way.x() : way.y())) != place;
+    return closestLegalPosition(place + (horizontal ? way.x() : way.y())) != place;
 }

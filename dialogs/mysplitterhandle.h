@@ -21,7 +21,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
-    bool isDrag(const QPoint& position) const;
+    bool isDrag(const QPoint& position);
 
     /// The next mouse release belongs to a double click.
     bool ignoreRelease = false;

@@ -1,0 +1,376 @@
+#include "dialogs/kelvorconfigdialog.h"
+#include "tests/support/whenopen.h"
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QGroupBox>
+#include <QIntValidator>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <QtTest>
+
+namespace {
+
+struct settingvalues {
+    QString downloaddir;
+    bool playsound;
+    QString soundpath;
+    bool awayreject;
+    bool onlyactivetab;
+    int defaultwidth;
+    int defaultheight;
+    bool pong;
+};
+
+bool operator==(const settingvalues& a, const settingvalues& b)
+{
+    return a.downloaddir == b.downloaddir && a.playsound == b.playsound && a.soundpath == b.soundpath
+        && a.awayreject == b.awayreject && a.onlyactivetab == b.onlyactivetab && a.defaultwidth == b.defaultwidth
+        && a.defaultheight == b.defaultheight && a.pong == b.pong;
+}
+
+const settingvalues shown{"/pictures", true, "/ping.wav", false, true, 640, 320, true};
+const settingvalues untouched{"untouched", false, "untouched", true, false, -1, -2, false};
+
+bool edit(settingvalues* result, QWidget* parent = nullptr)
+{
+    return editSettings(QLatin1String("Kelvor Config"), shown.downloaddir, shown.playsound, shown.soundpath,
+                        shown.awayreject, shown.onlyactivetab, shown.defaultwidth, shown.defaultheight, shown.pong,
+                        &result->downloaddir, &result->playsound, &result->soundpath, &result->awayreject,
+                        &result->onlyactivetab, &result->defaultwidth, &result->defaultheight, &result->pong, parent);
+}
+
+template <typename Widget> Widget* part(QWidget& dialog, const char* name)
+{
+    return dialog.findChild<Widget*>(QLatin1String(name));
+}
+
+void press(QWidget& dialog, QDialogButtonBox::StandardButton button)
+{
+    part<QDialogButtonBox>(dialog, "buttonBox")->button(button)->click();
+}
+
+} // namespace
+
+class tst_kelvorconfigdialog : public QObject {
+    Q_OBJECT
+
+private slots:
+    void theFormHasItsSizeAndTitle()
+    {
+        kelvorconfigdialog dialog(QLatin1String("Kelvor Config"), nullptr);
+        QCOMPARE(dialog.windowTitle(), QLatin1String("Kelvor Config"));
+        QCOMPARE(dialog.objectName(), QLatin1String("kelvorconfigdialog"));
+        QCOMPARE(dialog.size(), QSize(275, 308));
+        QVERIFY(qobject_cast<QVBoxLayout*>(dialog.layout()));
+    }
+
+    void eachPartOfTheFormHasItsTextAndToolTip_data()
+    {
+        QTest::addColumn<QByteArray>("property");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("toolTip");
+        QTest::newRow("groupBox_2") << QByteArray("title") << "Default image size"
+                                    << "";
+        QTest::newRow("widthedit") << QByteArray("text") << ""
+                                   << "Width";
+        QTest::newRow("label") << QByteArray("text") << "x"
+                               << "";
+        QTest::newRow("heightedit") << QByteArray("text") << ""
+                                    << "Height";
+        QTest::newRow("groupBox") << QByteArray("title") << "Download directory"
+                                  << "";
+        QTest::newRow("downloadedit") << QByteArray("text") << ""
+                                      << "";
+        QTest::newRow("downloadbutton") << QByteArray("text") << "..."
+                                        << "Load";
+        QTest::newRow("soundgroup") << QByteArray("title") << "Play sound on invite"
+                                    << "";
+        QTest::newRow("soundedit") << QByteArray("text") << ""
+                                   << "";
+        QTest::newRow("soundbutton") << QByteArray("text") << "..."
+                                     << "";
+        QTest::newRow("awaycheckbox") << QByteArray("text") << "Automatically reject if away"
+                                      << "";
+        QTest::newRow("activecheckbox") << QByteArray("text") << "Show only invites from active tab"
+                                        << "";
+        QTest::newRow("pongcheckbox") << QByteArray("text") << "Show Whiteboard-Status"
+                                      << "If this option is activated, the plugin will answer queries from other "
+                                         "clients, if you have kelvor activated";
+    }
+    void eachPartOfTheFormHasItsTextAndToolTip()
+    {
+        QFETCH(QByteArray, property);
+        QFETCH(QString, text);
+        QFETCH(QString, toolTip);
+        kelvorconfigdialog dialog(QString(), nullptr);
+        auto* widget = part<QWidget>(dialog, QTest::currentDataTag());
+        QVERIFY(widget);
+        QCOMPARE(widget->property(property).toString(), text);
+        QCOMPARE(widget->toolTip(), toolTip);
+    }
+
+    void theTwoChoosersShowADirectory()
+    {
+        kelvorconfigdialog dialog(QString(), nullptr);
+        for (const char* name : {"downloadbutton", "soundbutton"})
+            QCOMPARE(part<QToolButton>(dialog, name)->icon().availableSizes(), QList<QSize>({QSize(24, 24)}));
+    }
+
+    void theSoundIsOffUntilFilled()
+    {
+        kelvorconfigdialog dialog(QString(), nullptr);
+        QVERIFY(part<QGroupBox>(dialog, "soundgroup")->isCheckable());
+        QVERIFY(!part<QGroupBox>(dialog, "soundgroup")->isChecked());
+    }
+
+    void oneValidatorServesBothSizes()
+    {
+        kelvorconfigdialog dialog(QString(), nullptr);
+        const auto* validator = qobject_cast<const QIntValidator*>(part<QLineEdit>(dialog, "widthedit")->validator());
+        QVERIFY(validator);
+        QCOMPARE(validator->bottom(), 200);
+        QCOMPARE(validator->top(), 2000);
+        QCOMPARE(validator->parent(), &dialog);
+        QCOMPARE(part<QLineEdit>(dialog, "heightedit")->validator(), validator);
+    }
+
+    void okReturnsWhatWasShown()
+    {
+        settingvalues result = untouched;
+        const whenopen<kelvorconfigdialog> user(
+            [](kelvorconfigdialog& dialog) { press(dialog, QDialogButtonBox::Ok); });
+        QVERIFY(edit(&result));
+        QVERIFY(user.ran());
+        QVERIFY(result == shown);
+    }
+
+    void okReturnsEachChange()
+    {
+        settingvalues result = untouched;
+        const whenopen<kelvorconfigdialog> user([](kelvorconfigdialog& dialog) {
+            part<QLineEdit>(dialog, "downloadedit")->setText(QLatin1String("/elsewhere"));
+            part<QLineEdit>(dialog, "soundedit")->setText(QLatin1String("/gong.wav"));
+            part<QLineEdit>(dialog, "widthedit")->setText(QLatin1String("800"));
+            part<QLineEdit>(dialog, "heightedit")->setText(QLatin1String("600"));
+            part<QGroupBox>(dialog, "soundgroup")->setChecked(false);
+            for (const char* name : {"awaycheckbox", "activecheckbox", "pongcheckbox"})
+                part<QCheckBox>(dialog, name)->toggle();
+            press(dialog, QDialogButtonBox::Ok);
+        });
+        QVERIFY(edit(&result));
+        QVERIFY(user.ran());
+        const settingvalues expected{"/elsewhere", false, "/gong.wav", true, false, 800, 600, false};
+        QVERIFY(result == expected);
+    }
+
+    void cancelOrTheClosedWindowChangesNothing_data()
+    {
+        QTest::addColumn<bool>("cancel");
+        QTest::newRow("cancel") << true;
+        QTest::newRow("closed") << false;
+    }
+    void cancelOrTheClosedWindowChangesNothing()
+    {
+        QFETCH(bool, cancel);
+        settingvalues result = untouched;
+        const whenopen<kelvorconfigdialog> user([cancel](kelvorconfigdialog& dialog) {
+            part<QLineEdit>(dialog, "downloadedit")->setText(QLatin1String("/elsewhere"));
+            if (cancel)
+                press(dialog, QDialogButtonBox::Cancel);
+            else
+                dialog.close();
+        });
+        QVERIFY(!edit(&result));
+        QVERIFY(user.ran());
+        QVERIFY(result == untouched);
+    }
+
+    void okWithASizeThatIsNoneTakesWhatStandsThere_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("width");
+        QTest::newRow("emptied") << "" << 0;
+        QTest::newRow("below the range") << "7" << 7;
+        QTest::newRow("with a group separator") << "1,000" << 0;
+    }
+    void okWithASizeThatIsNoneTakesWhatStandsThere()
+    {
+        QFETCH(QString, text);
+        QFETCH(int, width);
+        settingvalues result = untouched;
+        const whenopen<kelvorconfigdialog> user([text](kelvorconfigdialog& dialog) {
+            part<QLineEdit>(dialog, "widthedit")->setText(text);
+            press(dialog, QDialogButtonBox::Ok);
+        });
+        QVERIFY(edit(&result));
+        QVERIFY(user.ran());
+        QCOMPARE(result.defaultwidth, width);
+        QCOMPARE(result.defaultheight, shown.defaultheight);
+    }
+
+    void okWithTheDirectoryEmptiedReturnsAnEmptyOne()
+    {
+        settingvalues result = untouched;
+        const whenopen<kelvorconfigdialog> user([](kelvorconfigdialog& dialog) {
+            part<QLineEdit>(dialog, "downloadedit")->clear();
+            press(dialog, QDialogButtonBox::Ok);
+        });
+        QVERIFY(edit(&result));
+        QVERIFY(user.ran());
+        QCOMPARE(result.downloaddir, QString());
+    }
+
+    void theSoundFileIsKeptWhenTheSoundIsOff()
+    {
+        settingvalues result = untouched;
+        const whenopen<kelvorconfigdialog> user([](kelvorconfigdialog& dialog) {
+            part<QGroupBox>(dialog, "soundgroup")->setChecked(false);
+            QCOMPARE(part<QLineEdit>(dialog, "soundedit")->text(), shown.soundpath);
+            press(dialog, QDialogButtonBox::Ok);
+        });
+        QVERIFY(edit(&result));
+        QVERIFY(user.ran());
+        QVERIFY(!result.playsound);
+        QCOMPARE(result.soundpath, shown.soundpath);
+    }
+
+    void theEndOfItsParentCountsAsCancelled()
+    {
+        settingvalues result = untouched;
+        auto* parent = new QWidget;
+        const whenopen<kelvorconfigdialog> user([parent](kelvorconfigdialog&) { delete parent; });
+        QVERIFY(!edit(&result, parent));
+        QVERIFY(user.ran());
+        QVERIFY(result == untouched);
+    }
+
+    void theEndOfItsParentBehindAFileDialogCountsAsCancelled_data()
+    {
+        QTest::addColumn<QString>("button");
+        QTest::newRow("directory") << "downloadbutton";
+        QTest::newRow("sound") << "soundbutton";
+    }
+    void theEndOfItsParentBehindAFileDialogCountsAsCancelled()
+    {
+        QFETCH(QString, button);
+        settingvalues result = untouched;
+        auto* parent = new QWidget;
+        bool ended = false;
+        const whenopen<kelvorconfigdialog> user([parent, button, &ended](kelvorconfigdialog& dialog) {
+            const whenopen<QFileDialog> chooser([parent](QFileDialog&) { delete parent; });
+            dialog.findChild<QToolButton*>(button)->click();
+            ended = chooser.ran();
+        });
+        QVERIFY(!edit(&result, parent));
+        QVERIFY(ended);
+        QVERIFY(result == untouched);
+    }
+
+    void aDirectoryIsChosenFromTheOneThatIsThere()
+    {
+        const QTemporaryDir start;
+        const QTemporaryDir chosen;
+        kelvorconfigdialog dialog(QString(), nullptr);
+        auto* field = part<QLineEdit>(dialog, "downloadedit");
+        field->setText(start.path());
+        const whenopen<QFileDialog> user([&](QFileDialog& chooser) {
+            QCOMPARE(chooser.windowTitle(), QLatin1String("Choose Download Directory"));
+            QCOMPARE(chooser.parentWidget(), &dialog);
+            QCOMPARE(chooser.directory().absolutePath(), start.path());
+            QVERIFY(chooser.testOption(QFileDialog::ShowDirsOnly));
+            QCOMPARE(chooser.fileMode(), QFileDialog::Directory);
+            chooser.setDirectory(chosen.path());
+            chooser.findChild<QLineEdit*>()->setText(chosen.path());
+            chooser.findChild<QDialogButtonBox*>()->buttons().at(0)->click();
+        });
+        part<QToolButton>(dialog, "downloadbutton")->click();
+        QVERIFY(user.ran());
+        QCOMPARE(field->text(), chosen.path());
+    }
+
+    void aSoundIsChosenFromTheOneThatIsThere()
+    {
+        const QTemporaryDir folder;
+        // The pattern has no dot: whatever ends in these letters is offered.
+        for (const char* name : {"gong.wav", "oldwav", "note.txt"}) {
+            QFile file(folder.filePath(QLatin1String(name)));
+            QVERIFY(file.open(QIODevice::WriteOnly));
+        }
+        kelvorconfigdialog dialog(QString(), nullptr);
+        part<QGroupBox>(dialog, "soundgroup")->setChecked(true);
+        auto* field = part<QLineEdit>(dialog, "soundedit");
+        field->setText(folder.filePath(QLatin1String("gong.wav")));
+        const whenopen<QFileDialog> user([&](QFileDialog& chooser) {
+            QCOMPARE(chooser.windowTitle(), QLatin1String("Open Wave File"));
+            QCOMPARE(chooser.parentWidget(), &dialog);
+            QCOMPARE(chooser.directory().absolutePath(), folder.path());
+            QCOMPARE(chooser.nameFilters(), QStringList({QLatin1String("Wavefiles (*wav)")}));
+            chooser.selectFile(folder.filePath(QLatin1String("oldwav")));
+            chooser.findChild<QDialogButtonBox*>()->buttons().at(0)->click();
+        });
+        part<QToolButton>(dialog, "soundbutton")->click();
+        QVERIFY(user.ran());
+        QCOMPARE(field->text(), folder.filePath(QLatin1String("oldwav")));
+    }
+
+    void aCancelledChooserLeavesTheField_data()
+    {
+        QTest::addColumn<QString>("edit");
+        QTest::newRow("downloadbutton") << "downloadedit";
+        QTest::newRow("soundbutton") << "soundedit";
+    }
+    void aCancelledChooserLeavesTheField()
+    {
+        QFETCH(QString, edit);
+        kelvorconfigdialog dialog(QString(), nullptr);
+        part<QGroupBox>(dialog, "soundgroup")->setChecked(true);
+        auto* field = dialog.findChild<QLineEdit*>(edit);
+        field->setText(QLatin1String("/as it was"));
+        const whenopen<QFileDialog> user([](QFileDialog& chooser) { chooser.reject(); });
+        part<QToolButton>(dialog, QTest::currentDataTag())->click();
+        QVERIFY(user.ran());
+        QCOMPARE(field->text(), QLatin1String("/as it was"));
+    }
+
+    void theTabKeyWalksFromTopToBottom()
+    {
+        kelvorconfigdialog dialog(QString(), nullptr);
+        part<QGroupBox>(dialog, "soundgroup")->setChecked(true);
+        dialog.show();
+        QApplication::setActiveWindow(&dialog);
+        QTRY_VERIFY(QApplication::focusWidget());
+        part<QWidget>(dialog, "widthedit")->setFocus();
+        for (const char* name : {"widthedit", "heightedit", "downloadedit", "downloadbutton", "soundgroup", "soundedit",
+                                 "soundbutton", "awaycheckbox", "activecheckbox", "pongcheckbox"}) {
+            QCOMPARE(QApplication::focusWidget()->objectName(), QLatin1String(name));
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        }
+        QVERIFY(part<QWidget>(dialog, "buttonBox")->isAncestorOf(QApplication::focusWidget()));
+    }
+
+    void eachControlHasANameForScreenReaders()
+    {
+        kelvorconfigdialog dialog(QString(), nullptr);
+        int controls = 0;
+        const QList<QWidget*> widgets = dialog.findChildren<QWidget*>();
+        for (QWidget* widget : widgets) {
+            if (!(widget->focusPolicy() & Qt::TabFocus))
+                continue;
+            ++controls;
+            const QString name = QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
+            QVERIFY2(!name.isEmpty() && name != QLatin1String("..."), qPrintable(widget->objectName()));
+        }
+        QCOMPARE(controls, 12);
+    }
+};
+
+QTEST_MAIN(tst_kelvorconfigdialog)
+#include "tst_kelvorconfigdialog.moc"
