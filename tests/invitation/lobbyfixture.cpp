@@ -48,6 +48,10 @@ QString rowText(const QTreeWidgetItem* row)
 lobbyfixture::lobbyfixture()
     : protocol(host.table())
 {
+    qRegisterMetaType<uint64>("uint64");
+    qRegisterMetaType<anyID>("anyID");
+    qRegisterMetaType<uint64*>("uint64*");
+    qRegisterMetaType<anyID*>("anyID*");
     protocol.setPluginCommandID("kelvor");
     for (const uint64 schid : {connection, otherConnection}) {
         fakeserver& server = host.addServer(schid);
