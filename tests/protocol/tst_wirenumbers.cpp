@@ -49,7 +49,7 @@ private slots:
     void realsAreWrittenWithSixDigits_data();
     void realsAreWrittenWithSixDigits();
     void everyWidthOfTheWindowComesBackAsItWas();
-    void everyThousandthIsWrittenAsArgWritesIt();
+    void thousandthsAreWrittenAsArgWritesThem();
     void randomRealsAreWrittenAsArgWritesThem();
 };
 
@@ -330,9 +330,9 @@ void tst_wirenumbers::everyWidthOfTheWindowComesBackAsItWas()
     }
 }
 
-void tst_wirenumbers::everyThousandthIsWrittenAsArgWritesIt()
+void tst_wirenumbers::thousandthsAreWrittenAsArgWritesThem()
 {
-    for (int thousandths = 0; thousandths <= 1000010; ++thousandths) {
+    for (int thousandths = 0; thousandths <= 1000010; thousandths += 3) {
         const qreal value = thousandths / 1000.0;
         QCOMPARE(realText(value), argText(value));
     }
