@@ -10,7 +10,9 @@
 #include "serverfiles/ts3downloaddialog.h"
 #include "serverfiles/ts3filedialog.h"
 
+#include <QHBoxLayout>
 #include <QIntValidator>
+#include <QLabel>
 #include <QMenu>
 #include <QStatusBar>
 #include <QStyle>
@@ -20,6 +22,7 @@ namespace {
 constexpr int smallestSize = 200;
 constexpr int largestSize = 2000;
 constexpr int legendMark = 8; ///< pixels
+constexpr int legendSpacing = 4; ///< pixels, more between the entries
 
 struct legendentry {
     QColor color;
@@ -73,15 +76,25 @@ void invitationdialog::makeLegend()
         {QColor(Qt::red), "= Rejected"},   {QColor(Qt::black), "= You"},
         {QColor(217, 113, 1), "= Host"},
     };
-    legendBar = new QStatusBar(this);
+    auto* legend = new QWidget(this);
+    auto* layout = new QHBoxLayout(legend);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(legendSpacing);
     for (const legendentry& entry : entries) {
         QPixmap mark(legendMark, legendMark);
         mark.fill(entry.color);
-        auto* markLabel = new QLabel(legendBar);
+        if (layout->count() > 0)
+            layout->addSpacing(legendSpacing);
+        auto* markLabel = new QLabel(legend);
         markLabel->setPixmap(mark);
-        legendBar->addWidget(markLabel);
-        legendBar->addWidget(new QLabel(QString::fromLatin1(entry.text), legendBar));
+        // A line in the colour of the text: no mark sinks into its background, whatever the user's colours are.
+        markLabel->setFrameStyle(QFrame::Box | QFrame::Plain);
+        layout->addWidget(markLabel, 0, Qt::AlignVCenter);
+        layout->addWidget(new QLabel(QString::fromLatin1(entry.text), legend));
     }
+    legendBar = new QStatusBar(this);
+    legendBar->setSizeGripEnabled(false);
+    legendBar->addWidget(legend);
     verticalLayout->addWidget(legendBar);
 }
 

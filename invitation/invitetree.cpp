@@ -167,10 +167,7 @@ void invitetree::addClient(anyID client, uint64 channel)
     else
         row = newClientRow(client);
     clientItems.insert(client, row);
-    if (mytreeitem* const parent = channelRow(channel))
-        putBelow(row, parent);
-    else
-        putTop(row);
+    put(row, channelRow(channel));
 }
 
 void invitetree::moveClient(anyID client, uint64 oldChannel, uint64 newChannel)
@@ -178,7 +175,7 @@ void invitetree::moveClient(anyID client, uint64 oldChannel, uint64 newChannel)
     mytreeitem* const row = clientRow(client);
     mytreeitem* const parent = channelRow(newChannel);
     if (row && parent && channelRow(oldChannel))
-        putBelow(row, parent);
+        put(row, parent);
 }
 
 void invitetree::removeClient(anyID client) { delete clientItems.take(client); }
@@ -192,10 +189,7 @@ void invitetree::addChannel(uint64 channel, uint64 parent)
         return;
     }
     row = newChannelRow(channel);
-    if (mytreeitem* const parentRow = channelRow(parent))
-        putBelow(row, parentRow);
-    else
-        putTop(row);
+    put(row, channelRow(parent));
     channelItems.insert(channel, row);
 }
 
@@ -205,7 +199,7 @@ void invitetree::moveChannel(uint64 channel, uint64 newParent)
     mytreeitem* const row = channelRow(channel);
     mytreeitem* const parent = channelRow(newParent);
     if (row && parent && !isInBranch(parent, row))
-        putBelow(row, parent);
+        put(row, parent);
 }
 
 void invitetree::removeChannel(uint64 channel)
@@ -259,17 +253,9 @@ void invitetree::nameChannel(mytreeitem* row) const
     row->setText(0, name ? shownName(*name) : QString::fromLatin1("ERROR getting channel name"));
 }
 
-void invitetree::putTop(mytreeitem* row)
-{
-    if (row->treeWidget() && !row->parent())
-        return;
-    take(row);
-    addTopLevelItem(row);
-}
-
 // A row that is taken out and put in loses what the view knew of it and of all below it, so that is set again. A
 // channel that was empty opens for its first row: the user can't have closed it.
-void invitetree::putBelow(mytreeitem* row, mytreeitem* parent)
+void invitetree::put(mytreeitem* row, mytreeitem* parent)
 {
     QList<QTreeWidgetItem*> open;
     QList<QTreeWidgetItem*> selected;
@@ -283,10 +269,10 @@ void invitetree::putBelow(mytreeitem* row, mytreeitem* parent)
         if (item == currentItem())
             current = item;
     }
-    const bool first = parent->childCount() == 0;
     take(row);
-    parent->addChild(row);
-    if (first)
+    if (!parent)
+        addTopLevelItem(row);
+    else if (parent->addChild(row); parent->childCount() == 1)
         open.append(parent);
     for (QTreeWidgetItem* item : qAsConst(open))
         item->setExpanded(true);

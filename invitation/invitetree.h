@@ -64,8 +64,7 @@ private:
     mytreeitem* newChannelRow(uint64 channel);
     void nameClient(mytreeitem* row) const;
     void nameChannel(mytreeitem* row) const;
-    void putTop(mytreeitem* row);
-    void putBelow(mytreeitem* row, mytreeitem* parent);
+    void put(mytreeitem* row, mytreeitem* parent);
     void take(QTreeWidgetItem* row);
 
     const TS3Functions* functions = nullptr;
