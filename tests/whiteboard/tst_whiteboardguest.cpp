@@ -1,0 +1,375 @@
+#include "canvas/paintscene.h"
+#include "serverfiles/ts3downloaddialog.h"
+#include "sessionfixture.h"
+#include "windowparts.h"
+
+#include <QInputDialog>
+#include <QLabel>
+#include <QListWidget>
+#include <QSignalSpy>
+#include <QtTest>
+
+/// The window of a guest whose session has a picture: it is fetched while the window is being made.
+class tst_whiteboardguest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { fixture.reset(new sessionfixture); }
+    void cleanup() { fixture.reset(); }
+
+    void withoutPictureNothingIsFetchedOrSaid();
+    void pictureIsFetchedShownAndSaid();
+    void pictureAsBackground();
+    void windowAppearsAfterTheTransfer();
+    void transferEventsAreRelayedFromTheDownloadOn();
+
+    void passwordIsAskedHidden_data();
+    void passwordIsAskedHidden();
+    void openChannelAsksNothing_data();
+    void openChannelAsksNothing();
+    void cancelledPasswordGivesAWhitePicture();
+
+    void refusedTransferGivesAWhitePicture();
+    void closedTransferGivesAWhitePicture();
+    void unreadablePictureGivesAWhitePicture_data();
+    void unreadablePictureGivesAWhitePicture();
+    void emptyPathIsTriedAllTheSame();
+
+    void messagesDuringTheTransferAreLost();
+    void resultThatPassedBeforeShowsNoIcon();
+    void lastRowIsTheHosts();
+    void aloneNothingIsSaid();
+
+    void controllersEndInAPrompt_data();
+    void controllersEndInAPrompt();
+    void hostMemoryIsGivenBack();
+
+private:
+    // Lets the next transfer end with a picture of one colour.
+    void deliver(QColor color);
+
+    QScopedPointer<sessionfixture> fixture;
+};
+
+namespace {
+
+const QByteArray failedToAll("\x14 1 false");
+const QByteArray fetchedToAll("\x14 1 true");
+
+bool isWhite(whiteboard* window)
+{
+    QImage white(300, 200, QImage::Format_ARGB32);
+    white.fill(Qt::white);
+    return canvasOf(window)->picture() == white;
+}
+
+} // namespace
+
+void tst_whiteboardguest::deliver(QColor color)
+{
+    whenOpen<ts3downloaddialog>([this, color](ts3downloaddialog*) {
+        fixture->pictureFile("b.png", color);
+        fixture->completeTransfer();
+    });
+}
+
+void tst_whiteboardguest::withoutPictureNothingIsFetchedOrSaid()
+{
+    whiteboard* window = fixture->openGuest({3, 2});
+    QVERIFY(fixture->host.requests.isEmpty());
+    QVERIFY(fixture->host.takeSent().isEmpty());
+    QVERIFY(isWhite(window));
+    QVERIFY(window->findChild<QListWidget*>()->item(1)->icon().isNull());
+    // Nor do transfers reach it: an upload from here stands at zero until it is closed.
+    QSignalSpy relayed(window, &whiteboard::fileTransferStatus);
+    emit fixture->controller.fileTransferStatus(100, ERROR_file_transfer_complete, QString(), 0, 1);
+    QCOMPARE(relayed.size(), 0);
+}
+
+void tst_whiteboardguest::pictureIsFetchedShownAndSaid()
+{
+    deliver(Qt::blue);
+    whiteboard* window = fixture->openGuest({3, 2}, 1, "/a/b.png");
+    QCOMPARE(fixture->host.requests.size(), 1);
+    const filerequest& request = fixture->host.requests[0];
+    QCOMPARE(request.function, QByteArray("requestFile"));
+    QCOMPARE(request.schid, uint64(1));
+    QCOMPARE(request.channel, uint64(1));
+    QCOMPARE(request.password, QByteArray());
+    QCOMPARE(request.path, QByteArray("/a/b.png"));
+    QCOMPARE(request.localDirectory, fixture->directory.path().toLatin1());
+    QCOMPARE(pixel(window, 10, 10), QColor(Qt::blue).rgba());
+    const QList<sentcommand> sent = fixture->host.takeSent();
+    QCOMPARE(sent.size(), 1);
+    QCOMPARE(sent[0].text, fetchedToAll);
+    QCOMPARE(sent[0].targets, (QList<anyID>{3, 2}));
+    QVERIFY(window->findChild<QListWidget*>()->item(0)->icon().isNull());
+    QVERIFY(isIcon(rowIcon(window, 1), ":/gfx/gfx/apply.png"));
+}
+
+void tst_whiteboardguest::pictureAsBackground()
+{
+    deliver(Qt::blue);
+    whiteboard* window = fixture->openGuest({2}, 1, "/b.png", true);
+    QCOMPARE(pixel(window, 10, 10), QRgb(0x00ffffff));
+    QCOMPARE(canvasOf(window)->grab().toImage().pixel(10, 10), QColor(Qt::blue).rgba());
+}
+
+void tst_whiteboardguest::windowAppearsAfterTheTransfer()
+{
+    int visible = -1;
+    whenOpen<ts3downloaddialog>([this, &visible](ts3downloaddialog* dialog) {
+        visible = dialog->parentWidget()->isVisible() ? 1 : 0;
+        fixture->completeTransfer();
+    });
+    const whiteboard* window = fixture->openGuest({2}, 1, "/b.png");
+    QCOMPARE(visible, 0);
+    QVERIFY(window->isVisible());
+}
+
+void tst_whiteboardguest::transferEventsAreRelayedFromTheDownloadOn()
+{
+    deliver(Qt::blue);
+    whiteboard* window = fixture->openGuest({2}, 1, "/b.png");
+    QSignalSpy relayed(window, &whiteboard::fileTransferStatus);
+    emit fixture->controller.fileTransferStatus(100, ERROR_file_transfer_complete, QString(), 0, 1);
+    QCOMPARE(relayed.size(), 1);
+}
+
+void tst_whiteboardguest::passwordIsAskedHidden_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<QString>("label");
+    QTest::newRow("named") << QByteArray("Vault") << QString("Password for Vault:");
+    QTest::newRow("not Latin-1") << QByteArray("V\xc3\xa4ult \xe2\x82\xac")
+                                 << QString::fromUtf8("Password for V\xc3\xa4ult \xe2\x82\xac:");
+    QTest::newRow("HTML and marker") << QByteArray("<b>%1</b>") << QString("Password for <b>%1</b>:");
+    QTest::newRow("name unknown") << QByteArray() << QString("Password for channel with id 7");
+}
+
+void tst_whiteboardguest::passwordIsAskedHidden()
+{
+    QFETCH(QByteArray, name);
+    QFETCH(QString, label);
+    fixture->host.servers[1].channels[7].name = name;
+    if (name.isEmpty())
+        fixture->host.failing.insert("getChannelVariableAsString");
+    QStringList seen;
+    whenOpen<QInputDialog>([&seen](QInputDialog* prompt) {
+        seen = QStringList{prompt->windowTitle(), prompt->labelText(), prompt->textValue()};
+        seen.append(prompt->textEchoMode() == QLineEdit::Password ? "hidden" : "shown");
+        seen.append(prompt->findChild<QLabel*>()->textFormat() == Qt::PlainText ? "plain" : "rich");
+        prompt->setTextValue("secret");
+        prompt->accept();
+    });
+    deliver(Qt::blue);
+    whiteboard* window = fixture->openGuest({2}, 7, "/b.png");
+    QCOMPARE(seen, (QStringList{"Type in password", label, QString(), "hidden", "plain"}));
+    QCOMPARE(fixture->host.requests[0].password, QByteArray("secret"));
+    QCOMPARE(fixture->host.requests[0].channel, uint64(7));
+    QCOMPARE(pixel(window, 10, 10), QColor(Qt::blue).rgba());
+    QCOMPARE(fixture->host.takeTexts(), QList<QByteArray>{fetchedToAll});
+}
+
+void tst_whiteboardguest::openChannelAsksNothing_data()
+{
+    QTest::addColumn<int>("channel");
+    QTest::addColumn<bool>("failing");
+    QTest::newRow("no password") << 1 << false;
+    QTest::newRow("flag cannot be read") << 7 << true;
+    QTest::newRow("unknown channel") << 55 << false;
+}
+
+void tst_whiteboardguest::openChannelAsksNothing()
+{
+    QFETCH(int, channel);
+    QFETCH(bool, failing);
+    if (failing)
+        fixture->host.failing.insert("getChannelVariableAsInt");
+    deliver(Qt::blue);
+    fixture->openGuest({2}, static_cast<uint64>(channel), "/b.png");
+    QCOMPARE(fixture->host.requests.size(), 1);
+    QCOMPARE(fixture->host.requests[0].password, QByteArray());
+    QCOMPARE(fixture->host.takeTexts(), QList<QByteArray>{fetchedToAll});
+}
+
+void tst_whiteboardguest::cancelledPasswordGivesAWhitePicture()
+{
+    whenOpen<QInputDialog>([](QInputDialog* prompt) { prompt->reject(); });
+    whiteboard* window = fixture->openGuest({3, 2}, 7, "/b.png");
+    QVERIFY(fixture->host.requests.isEmpty());
+    const QList<sentcommand> sent = fixture->host.takeSent();
+    QCOMPARE(sent.size(), 1);
+    QCOMPARE(sent[0].text, failedToAll);
+    QCOMPARE(sent[0].targets, (QList<anyID>{3, 2}));
+    QVERIFY(isWhite(window));
+    QVERIFY(isIcon(rowIcon(window, 1), ":/gfx/gfx/apply.png"));
+    QSignalSpy relayed(window, &whiteboard::fileTransferStatus);
+    emit fixture->controller.fileTransferStatus(100, ERROR_file_transfer_complete, QString(), 0, 1);
+    QCOMPARE(relayed.size(), 0);
+}
+
+void tst_whiteboardguest::refusedTransferGivesAWhitePicture()
+{
+    fixture->host.failing.insert("requestFile");
+    whiteboard* window = fixture->openGuest({2}, 1, "/b.png");
+    QCOMPARE(fixture->host.takeTexts(), QList<QByteArray>{failedToAll});
+    QVERIFY(isWhite(window));
+    QVERIFY(window->isVisible());
+    QVERIFY(fixture->host.printed.isEmpty());
+}
+
+void tst_whiteboardguest::closedTransferGivesAWhitePicture()
+{
+    fixture->pictureFile("b.png", Qt::red);
+    whenOpen<ts3downloaddialog>([](ts3downloaddialog* dialog) { dialog->close(); });
+    whiteboard* window = fixture->openGuest({2}, 1, "/b.png");
+    QCOMPARE(fixture->host.takeTexts(), QList<QByteArray>{failedToAll});
+    QVERIFY(isWhite(window));
+}
+
+void tst_whiteboardguest::unreadablePictureGivesAWhitePicture_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<bool>("background");
+    QTest::newRow("garbage") << QByteArray("no picture") << false;
+    QTest::newRow("empty") << QByteArray() << false;
+    QTest::newRow("garbage as background") << QByteArray("no picture") << true;
+}
+
+void tst_whiteboardguest::unreadablePictureGivesAWhitePicture()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(bool, background);
+    whenOpen<ts3downloaddialog>([this, content](ts3downloaddialog*) {
+        QFile file(fixture->directory.filePath("b.png"));
+        if (file.open(QIODevice::WriteOnly))
+            file.write(content);
+        file.close();
+        fixture->completeTransfer();
+    });
+    whiteboard* window = fixture->openGuest({2}, 1, "/b.png", background);
+    // The transfer itself went well, and that is what is told.
+    QCOMPARE(fixture->host.takeTexts(), QList<QByteArray>{fetchedToAll});
+    QCOMPARE(canvasOf(window)->grab().toImage().pixel(10, 10), QColor(Qt::white).rgba());
+    fixture->receive(1, "\x11 2 \x02 #ff0000 9 50|50 50|50");
+    QCOMPARE(pixel(window, 50, 50), QColor(Qt::red).rgba());
+}
+
+void tst_whiteboardguest::emptyPathIsTriedAllTheSame()
+{
+    whenOpen<ts3downloaddialog>([this](ts3downloaddialog*) { fixture->completeTransfer(); });
+    whiteboard* window = fixture->openGuest({2}, 1, QString());
+    QCOMPARE(fixture->host.requests.size(), 1);
+    QCOMPARE(fixture->host.requests[0].path, QByteArray());
+    QCOMPARE(fixture->host.requests[0].channel, uint64(1));
+    // Without a name no file can have come.
+    QCOMPARE(fixture->host.takeTexts(), QList<QByteArray>{failedToAll});
+    QVERIFY(isWhite(window));
+}
+
+void tst_whiteboardguest::messagesDuringTheTransferAreLost()
+{
+    whenOpen<ts3downloaddialog>([this](ts3downloaddialog*) {
+        fixture->receive(1, "\x11 2 \x02 #ff0000 9 50|50 50|50");
+        fixture->receive(1, "\x12 3");
+        emit fixture->controller.clientLeft(1, 3, 1);
+        fixture->pictureFile("b.png", Qt::blue);
+        fixture->completeTransfer();
+    });
+    whiteboard* window = fixture->openGuest({3, 2}, 1, "/b.png");
+    QCOMPARE(pixel(window, 50, 50), QColor(Qt::blue).rgba());
+    QCOMPARE(window->findChild<QListWidget*>()->count(), 2);
+}
+
+void tst_whiteboardguest::resultThatPassedBeforeShowsNoIcon()
+{
+    whenOpen<ts3downloaddialog>([this](ts3downloaddialog*) {
+        fixture->receive(1, "\x14 3 true");
+        fixture->completeTransfer();
+    });
+    whiteboard* window = fixture->openGuest({3, 4, 2}, 1, "/b.png");
+    QVERIFY(window->findChild<QListWidget*>()->item(0)->icon().isNull());
+    fixture->receive(1, "\x14 4 true");
+    QVERIFY(isIcon(rowIcon(window, 1), ":/gfx/gfx/apply.png"));
+}
+
+void tst_whiteboardguest::lastRowIsTheHosts()
+{
+    deliver(Qt::blue);
+    whiteboard* window = fixture->openGuest({99, 3, 4, 2}, 1, "/b.png");
+    const auto* list = window->findChild<QListWidget*>();
+    QCOMPARE(list->count(), 3);
+    QCOMPARE(list->item(2)->text(), QString("Anna"));
+    QVERIFY(isIcon(rowIcon(window, 2), ":/gfx/gfx/apply.png"));
+    QVERIFY(list->item(1)->icon().isNull());
+}
+
+void tst_whiteboardguest::aloneNothingIsSaid()
+{
+    deliver(Qt::blue);
+    whiteboard* window = fixture->openGuest({}, 1, "/b.png");
+    QVERIFY(fixture->host.takeSent().isEmpty());
+    QCOMPARE(window->findChild<QListWidget*>()->count(), 0);
+    QCOMPARE(pixel(window, 10, 10), QColor(Qt::blue).rgba());
+}
+
+void tst_whiteboardguest::controllersEndInAPrompt_data()
+{
+    QTest::addColumn<int>("channel");
+    QTest::newRow("password") << 7;
+    QTest::newRow("transfer") << 1;
+}
+
+void tst_whiteboardguest::controllersEndInAPrompt()
+{
+    QFETCH(int, channel);
+    auto* endpoint = new kelvorprotocol(fixture->host.table());
+    endpoint->setPluginCommandID("kelvor");
+    auto* controller = new fakecontroller;
+    const QPointer<fakecontroller> controllerAlive(controller);
+    QList<sentcommand> saidAtOnce;
+    whenOpen<QDialog>([&](QDialog*) {
+        emit controller->shuttingDown();
+        saidAtOnce = fixture->host.takeSent();
+        delete endpoint;
+        delete controller;
+    });
+    QScopedPointer<whiteboard> window(new whiteboard(fixture->host.table(), endpoint, 1, {3, 2}, 300, 200,
+                                                     static_cast<uint64>(channel), "/b.png", 1000, false, controller,
+                                                     fixture->directory.path(), nullptr));
+    QVERIFY(!controllerAlive);
+    QCOMPARE(saidAtOnce.size(), 1);
+    QCOMPARE(saidAtOnce[0].text, QByteArray("\x12 1"));
+    QCOMPARE(saidAtOnce[0].targets, (QList<anyID>{3, 2}));
+    QVERIFY(!QApplication::activeModalWidget());
+    QSignalSpy closed(window.data(), &whiteboard::closed);
+    const int callsBefore = fixture->host.calls.value("getClientVariableAsString");
+    window->close();
+    window.reset();
+    QCOMPARE(closed.size(), 0);
+    QVERIFY(fixture->host.takeSent().isEmpty());
+    QCOMPARE(fixture->host.calls.value("getClientVariableAsString"), callsBefore);
+    QCOMPARE(callsBefore, 0);
+}
+
+void tst_whiteboardguest::hostMemoryIsGivenBack()
+{
+    whenOpen<QInputDialog>([](QInputDialog* prompt) { prompt->accept(); });
+    deliver(Qt::blue);
+    fixture->openGuest({3, 2}, 7, "/b.png");
+    QVERIFY(fixture->host.calls.value("getChannelVariableAsString") > 0);
+    QCOMPARE(fixture->host.outstanding, 0);
+}
+
+int main(int argc, char** argv)
+{
+    qRegisterMetaType<uint64>("uint64");
+    qRegisterMetaType<anyID>("anyID");
+    QApplication application(argc, argv);
+    application.setQuitOnLastWindowClosed(false);
+    tst_whiteboardguest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_whiteboardguest.moc"

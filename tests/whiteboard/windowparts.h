@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QIcon>
+#include <QStringList>
+#include <QTemporaryDir>
+
+class QAction;
+class QToolBar;
+class QToolButton;
+class sessionfixture;
+class whiteboard;
+
+// The parts of a window as the user finds them, by their place and their texts; none of them has an object name.
+
+QToolBar* actionBar(whiteboard* window);
+QToolBar* toolBar(whiteboard* window);
+QList<QToolButton*> toolButtons(whiteboard* window);
+/// By the start of the tool tip; null when there is none.
+QToolButton* toolButton(whiteboard* window, const QByteArray& toolTip);
+QAction* action(whiteboard* window, const QByteArray& text);
+/// A click of the mouse on the button of an action.
+void click(whiteboard* window, const QByteArray& text);
+
+/// The nicknames in the list of participants, and the icon of one.
+QStringList rows(whiteboard* window);
+QIcon rowIcon(whiteboard* window, int row);
+bool isIcon(const QIcon& icon, const char* path);
+
+/// One drag over the canvas of three positions: 40|40, 60|50, 80|60.
+void drag(whiteboard* window);
+
+/// Walks the file dialog of the next upload into the first channel, there into a directory unless it is empty, and
+/// accepts a name.
+void chooseUpload(sessionfixture* fixture, const QString& name, const QString& directory = QString());
+
+/// Counts what the toolkit complains of, as long as it lives: the length of a test, since each starts with a handler
+/// of its own.
+class warningcounter {
+public:
+    warningcounter();
+    ~warningcounter();
+    warningcounter(const warningcounter&) = delete;
+    warningcounter& operator=(const warningcounter&) = delete;
+
+    int count() const;
+};
+
+/// Stands in for the system's temporary directory between enter() and leave().
+class temporarydirectory {
+public:
+    bool enter();
+    void leave();
+    QString path() const { return directory->path(); }
+    QString file(const QString& name) const { return directory->filePath(name); }
+    QStringList entries() const;
+
+private:
+    QScopedPointer<QTemporaryDir> directory;
+    QByteArray before;
+};
