@@ -34,6 +34,19 @@ QMenu* findMenu(const QMainWindow* window)
     return bar->actions().at(menuIndex)->menu();
 }
 
+// The settings dialog is held by the function that runs it, so that it is found by its class.
+void deleteSettingsDialogs()
+{
+    QList<QPointer<QWidget>> dialogs;
+    const QWidgetList widgets = QApplication::topLevelWidgets();
+    for (QWidget* widget : widgets) {
+        if (qobject_cast<kelvorconfigdialog*>(widget))
+            dialogs.append(widget);
+    }
+    for (const QPointer<QWidget>& dialog : qAsConst(dialogs))
+        delete dialog.data();
+}
+
 } // namespace
 
 kelvor::kelvor(const TS3Functions& functions)
@@ -51,9 +64,8 @@ kelvor::~kelvor()
 {
     saveConfig();
     emit shuttingDown();
-    qDeleteAll(whiteboards);
-    leaveLobbies();
-    deleteWindows();
+    endSessions();
+    deleteSettingsDialogs();
     delete menuAction.data();
     delete protocol;
 }

@@ -83,7 +83,8 @@ private:
     void showWhiteboard(uint64 schid, whiteboard* board);
     void keepTrack(QWidget* window);
     void leaveLobbies();
-    void deleteWindows();
+    /// Closes every window of every connection; the peers of each hear of it.
+    void endSessions();
 
     TS3Functions ts3Functions;
     QPointer<QMainWindow> mainWindow; ///< the client's, found by its class name

@@ -278,8 +278,11 @@ void kelvor::leaveLobbies()
     }
 }
 
-void kelvor::deleteWindows()
+void kelvor::endSessions()
 {
+    // A whiteboard says its own farewell.
+    qDeleteAll(whiteboards);
+    leaveLobbies();
     const QList<QPointer<QWidget>> left = windows;
     for (const QPointer<QWidget>& window : left) {
         if (!ending.contains(window))

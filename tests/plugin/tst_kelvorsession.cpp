@@ -5,6 +5,7 @@
 
 #include <QSettings>
 #include <QTest>
+#include <QTimer>
 
 /// A session from the controller's side: opening, being asked, waiting, starting, closing, and every way in which it
 /// can come to nothing. Peers are bytes that come in and bytes that were sent.
