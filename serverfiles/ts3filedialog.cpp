@@ -159,11 +159,19 @@ void ts3filedialog::onFileList(uint64 schandler, uint64 channelID, QString path,
         sizeItem->setData(Qt::UserRole, QVariant::fromValue<qulonglong>(size));
     const int row = placeOf(*item);
     table->insertRow(row);
-    table->setItem(row, nameColumn, item);
-    table->setItem(row, sizeColumn, sizeItem);
-    table->setItem(row, typeColumn, new QTableWidgetItem(QString::fromLatin1(directory ? "Directory" : "File")));
-    table->setItem(row, dateColumn, new QTableWidgetItem(filetexts::dateText(datetime)));
+    setCell(row, nameColumn, item);
+    setCell(row, sizeColumn, sizeItem);
+    setCell(row, typeColumn, new QTableWidgetItem(QString::fromLatin1(directory ? "Directory" : "File")));
+    setCell(row, dateColumn, new QTableWidgetItem(filetexts::dateText(datetime)));
     sortChannelsBehind();
+}
+
+// The item keeps the size that its text needs: for each batch of rows that arrives, the header asks all items for it,
+// and laying out as many texts anew takes most of the time of a long directory.
+void ts3filedialog::setCell(int row, int column, QTableWidgetItem* item)
+{
+    table->setItem(row, column, item);
+    item->setSizeHint(table->sizeHintForIndex(table->model()->index(row, column)));
 }
 
 // Where a new last row would go by sorting by name and then, keeping that order, by type. Sorting all rows at each new

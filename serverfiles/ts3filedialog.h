@@ -46,6 +46,7 @@ private:
     void enterChannel(const mytableitem& row);
     void enterDirectory(const QString& name);
     QString pathOf(const QString& name) const;
+    void setCell(int row, int column, QTableWidgetItem* item);
     int placeOf(const mytableitem& item) const;
     void sortChannelsBehind();
     void setAcceptable(bool acceptable);

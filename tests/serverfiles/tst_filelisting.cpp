@@ -73,6 +73,7 @@ private slots:
     void directoriesComeFirstEachByName();
     void rowsStandWhereSortingAtEachRowPutsThem_data();
     void rowsStandWhereSortingAtEachRowPutsThem();
+    void columnsFitTheirTexts();
     void selectionStaysWithItsRow();
     void entriesBetweenChannelsPushThemBehind();
 };
@@ -302,6 +303,22 @@ void tst_filelisting::rowsStandWhereSortingAtEachRowPutsThem()
             QCOMPARE(window.table.item(row, 2)->text(), expected.item(row, 2)->text());
             QCOMPARE(window.table.item(row, 3)->text(), date.toString("MMM dd hh:mm:ss yyyy"));
         }
+    });
+}
+
+void tst_filelisting::columnsFitTheirTexts()
+{
+    filebrowsing browsing;
+    browsing.open([&](filewindow& window) {
+        window.enter();
+        const QString longName = QString(60, 'W') + ".png";
+        browsing.giveFile("a.png");
+        browsing.giveFile(longName);
+        const int needed = window.table.fontMetrics().horizontalAdvance(longName) + window.table.iconSize().width();
+        QTRY_VERIFY(window.table.columnWidth(0) > needed);
+        window.refresh.click();
+        browsing.giveFile("a.png");
+        QTRY_VERIFY(window.table.columnWidth(0) < needed);
     });
 }
 
