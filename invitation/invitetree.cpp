@@ -254,7 +254,8 @@ void invitetree::nameChannel(mytreeitem* row) const
 }
 
 // A row that is taken out and put in loses what the view knew of it and of all below it, so that is set again. A
-// channel that was empty opens for its first row: the user can't have closed it.
+// channel that was empty opens for its first row: the user can't have closed it. All this goes through the view: the
+// items' own operations of these names are inline before Qt 5.14 and functions of the toolkit since.
 void invitetree::put(mytreeitem* row, mytreeitem* parent)
 {
     QList<QTreeWidgetItem*> open;
@@ -262,9 +263,10 @@ void invitetree::put(mytreeitem* row, mytreeitem* parent)
     QTreeWidgetItem* current = nullptr;
     const QList<QTreeWidgetItem*> branch = branchOf(row);
     for (QTreeWidgetItem* item : branch) {
-        if (item->isExpanded())
+        const QModelIndex index = indexFromItem(item);
+        if (isExpanded(index))
             open.append(item);
-        if (item->isSelected())
+        if (selectionModel()->isSelected(index))
             selected.append(item);
         if (item == currentItem())
             current = item;
@@ -275,9 +277,9 @@ void invitetree::put(mytreeitem* row, mytreeitem* parent)
     else if (parent->addChild(row); parent->childCount() == 1)
         open.append(parent);
     for (QTreeWidgetItem* item : qAsConst(open))
-        item->setExpanded(true);
+        expandItem(item);
     for (QTreeWidgetItem* item : qAsConst(selected))
-        item->setSelected(true);
+        selectionModel()->select(indexFromItem(item), QItemSelectionModel::Select | QItemSelectionModel::Rows);
     if (current)
         setCurrentItem(current, 0, QItemSelectionModel::NoUpdate);
 }
