@@ -25,11 +25,13 @@ void mysplitterhandle::mouseMoveEvent(QMouseEvent* event)
         return;
     if (event->buttons() & Qt::LeftButton)
         dragged = dragged || isDrag(event->pos());
+    const QSignalBlocker quiet(dragged ? nullptr : splitter());
     QSplitterHandle::mouseMoveEvent(event);
 }
 
-// Without opaque resize the base reports a move at every release, also at that of a plain click. As the first click of
-// a double click it would save the sizes with the pane folded, and the pane would never come back.
+// The base reports a move also where nothing moved: without opaque resize at every release, with it at every tremble.
+// From the first click of a double click that would save the sizes with the pane folded, and the pane would never come
+// back; so until a press has become a drag, the splitter reports nothing.
 void mysplitterhandle::mouseReleaseEvent(QMouseEvent* event)
 {
     if (ignoreRelease) {

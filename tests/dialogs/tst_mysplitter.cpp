@@ -206,15 +206,22 @@ private slots:
 
     void aClickIsNoDrag_data()
     {
+        QTest::addColumn<bool>("opaque");
         QTest::addColumn<QPoint>("tremor");
-        QTest::newRow("still") << QPoint(0, 0);
-        QTest::newRow("towards the list") << QPoint(2, 0);
-        QTest::newRow("away from it") << QPoint(-2, 0);
-        QTest::newRow("along the handle") << QPoint(0, 5);
+        QTest::newRow("still") << false << QPoint(0, 0);
+        QTest::newRow("still, opaque") << true << QPoint(0, 0);
+        QTest::newRow("towards the list") << false << QPoint(2, 0);
+        QTest::newRow("towards the list, opaque") << true << QPoint(2, 0);
+        QTest::newRow("away from it") << false << QPoint(-2, 0);
+        QTest::newRow("away from it, opaque") << true << QPoint(-2, 0);
+        QTest::newRow("along the handle") << false << QPoint(0, 5);
+        QTest::newRow("along the handle, opaque") << true << QPoint(0, 5);
     }
     void aClickIsNoDrag()
     {
+        QFETCH(bool, opaque);
         QFETCH(QPoint, tremor);
+        splitter->setOpaqueResize(opaque);
         const QList<int> before = splitter->sizes();
         doubleClick(handle());
         QSignalSpy moves(splitter.data(), &QSplitter::splitterMoved);
