@@ -81,7 +81,7 @@ void lobbyfixture::openGuest(anyID sessionHost)
 
 void lobbyfixture::open(anyID sessionHost, int width, int height)
 {
-    dialog = new invitationdialog(sessionHost, &protocol, host.table(), connection, "/downloads", width, height);
+    dialog = new invitationdialog(sessionHost, &protocol, host.table(), connection, downloadDir, width, height);
     tree = dialog->findChild<invitetree*>("tree");
     QObject::connect(&controller, &fakecontroller::clientMoved, dialog, &invitationdialog::onClientMoved);
     QObject::connect(&controller, &fakecontroller::clientConnected, dialog, &invitationdialog::onClientConnected);

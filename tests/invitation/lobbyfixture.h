@@ -60,6 +60,7 @@ public:
     void takeBackClient(anyID client);
     void takeBackChannel(uint64 channel);
 
+    QString downloadDir = "/downloads"; ///< of the lobby that is opened next
     fakehost host;
     kelvorprotocol protocol;
     fakecontroller controller;

@@ -440,6 +440,7 @@ void tst_guesttransitions::nothingAUserDoesIsSent()
     QVERIFY(QTest::qWaitForWindowExposed(lobby->dialog));
     QWidget* viewport = lobby->tree->viewport();
     const QPoint onAnna = lobby->tree->visualItemRect(lobby->dialog->clientRow(anna)).center();
+    QTest::mouseClick(viewport, Qt::LeftButton, Qt::NoModifier, onAnna);
     QTest::mouseDClick(viewport, Qt::LeftButton, Qt::NoModifier, onAnna);
     QTest::mouseClick(viewport, Qt::RightButton, Qt::NoModifier, onAnna);
     emit lobby->tree->customContextMenuRequested(onAnna);
