@@ -38,6 +38,10 @@ std::optional<QString> askText(QWidget* parent, const QString& title, const QStr
     dialog->setWindowTitle(title);
     dialog->setLabelText(label);
     dialog->setTextEchoMode(echo);
+    // As wide as its label alone, the dialog would leave the window manager no room for the title and its buttons.
+    const QFontMetrics metrics = dialog->fontMetrics();
+    dialog->findChild<QLineEdit*>()->setMinimumWidth(metrics.horizontalAdvance(title)
+                                                     + 20 * metrics.averageCharWidth());
     const QList<QLabel*> labels = dialog->findChildren<QLabel*>();
     for (QLabel* shown : labels)
         shown->setTextFormat(Qt::PlainText);

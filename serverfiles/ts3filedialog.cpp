@@ -5,6 +5,7 @@
 #include "mytableitem.h"
 #include "prompts/prompts.h"
 
+#include <QHeaderView>
 #include <QPointer>
 #include <QPushButton>
 #include <QStatusBar>
@@ -46,8 +47,11 @@ ts3filedialog::ts3filedialog(const TS3Functions& functions, uint64 schandler, QW
     setWindowTitle(QString::fromLatin1("Load image"));
     upbutton->setIcon(QIcon(iconPath("up")));
     refreshbutton->setIcon(QIcon(iconPath("refresh")));
-    table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    table->horizontalHeader()->setSectionResizeMode(typeColumn, QHeaderView::Stretch);
+    QHeaderView* const header = table->horizontalHeader();
+    header->setSectionResizeMode(QHeaderView::ResizeToContents);
+    header->setSectionResizeMode(typeColumn, QHeaderView::Stretch);
+    // A long name would squeeze the stretched column until its texts are cut off.
+    header->setMinimumSectionSize(header->fontMetrics().horizontalAdvance(QString::fromLatin1("  Directory  ")));
     verticalLayout->addWidget(statusbar);
     setAcceptable(false);
     connectWidgets();

@@ -316,6 +316,7 @@ void tst_filelisting::columnsFitTheirTexts()
         browsing.giveFile(longName);
         const int needed = window.table.fontMetrics().horizontalAdvance(longName) + window.table.iconSize().width();
         QTRY_VERIFY(window.table.columnWidth(0) > needed);
+        QVERIFY(window.table.columnWidth(2) > window.table.fontMetrics().horizontalAdvance("Directory"));
         window.refresh.click();
         browsing.giveFile("a.png");
         QTRY_VERIFY(window.table.columnWidth(0) < needed);
