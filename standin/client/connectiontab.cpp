@@ -13,7 +13,10 @@
 
 namespace {
 
-constexpr int longestName = 60; // characters of a foreign name in a line of talk
+constexpr int longestName = 60;
+
+// A foreign name as it may stand in a line of talk.
+QString oneLine(const QString& name) { return name.simplified().left(longestName); }
 
 } // namespace
 
@@ -98,6 +101,11 @@ void connectiontab::followConnection()
     connect(connection, &voiceconnection::clientEntered, this, [this](quint16 id, quint64 channel) {
         addLine(QStringLiteral("%1 came to %2.").arg(nameOf(id), channelName(channel)));
     });
+    connect(connection, &voiceconnection::clientLeft, this,
+            [this](quint16, quint64, bool timedOut, const QString& nickname) {
+                addLine(
+                    (timedOut ? QStringLiteral("%1 dropped out.") : QStringLiteral("%1 left.")).arg(oneLine(nickname)));
+            });
     connect(connection, &voiceconnection::clientMoved, this, [this](quint16 id, quint64, quint64 channel) {
         addLine(QStringLiteral("%1 went to %2.").arg(nameOf(id), channelName(channel)));
     });
@@ -106,12 +114,9 @@ void connectiontab::followConnection()
     });
 }
 
-QString connectiontab::nameOf(quint16 id) const
-{
-    return connection->voices().client(id).nickname.simplified().left(longestName);
-}
+QString connectiontab::nameOf(quint16 id) const { return oneLine(connection->voices().client(id).nickname); }
 
 QString connectiontab::channelName(quint64 channel) const
 {
-    return connection->voices().channel(channel).name.simplified().left(longestName);
+    return oneLine(connection->voices().channel(channel).name);
 }

@@ -15,11 +15,13 @@ MainWindow::MainWindow(voiceclient* client)
     : client(client)
     , tabs(new QTabWidget)
 {
-    setWindowTitle(QStringLiteral("%1 - Voice client").arg(client->identity().nickname.simplified().left(60)));
+    setWindowTitle(QStringLiteral("%1 - Voice client").arg(client->nickname().simplified().left(60)));
     tabs->setDocumentMode(true);
     setCentralWidget(tabs);
     makeMenus();
-    resize(380, 520);
+    // Wide enough that no menu hides behind the arrow at the end of the bar.
+    setMinimumWidth(menuBar()->sizeHint().width());
+    resize(420, 520);
     connect(tabs, &QTabWidget::currentChanged, this, &MainWindow::tabChanged);
 }
 

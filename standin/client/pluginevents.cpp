@@ -1,6 +1,7 @@
 #include "pluginevents.h"
 
 #include "errortexts.h"
+#include "hostservice.h"
 #include "pluginlibrary.h"
 #include "voiceconnection.h"
 
@@ -19,13 +20,7 @@ pluginevents::pluginevents(voiceconnection* connection, pluginlibrary* plugin)
     connectChannels();
     connectClients();
     connectFiles();
-    connect(
-        connection, &voiceconnection::commandReceived, this,
-        [=](const QByteArray& sender, const QByteArray& text, quint16 invoker) {
-            const QByteArray name = connection->voices().client(invoker).nickname.toUtf8();
-            const QByteArray identity = identityOf(invoker);
-            plugin->deliverCommand(connection->id(), sender, text, {invoker, name.constData(), identity.constData()});
-        });
+    connect(connection, &voiceconnection::commandReceived, this, &pluginevents::tellCommand);
 }
 
 void pluginevents::connectChannels()
@@ -94,4 +89,13 @@ void pluginevents::tellMove(quint16 client, quint64 before, quint64 channel, qui
     const QByteArray name = connection->voices().client(invoker).nickname.toUtf8();
     plugin->callEvent("ts3plugin_onClientMoveMovedEvent", schid, anyID(client), uint64(before), uint64(channel),
                       int(RETAIN_VISIBILITY), anyID(invoker), name.constData(), identityOf(invoker).constData(), "");
+}
+
+void pluginevents::tellCommand(const QByteArray& sender, const QByteArray& text, quint16 invoker)
+{
+    // Counted also when no plugin runs: a client that is played by hand looks for what it gets.
+    plugin->service().traffic.countReceived(text, invoker);
+    const QByteArray name = connection->voices().client(invoker).nickname.toUtf8();
+    const QByteArray identity = identityOf(invoker);
+    plugin->deliverCommand(connection->id(), sender, text, {invoker, name.constData(), identity.constData()});
 }

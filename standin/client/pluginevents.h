@@ -16,6 +16,7 @@ private:
     void connectChannels();
     void connectClients();
     void connectFiles();
+    void tellCommand(const QByteArray& sender, const QByteArray& text, quint16 invoker);
     void tellMove(quint16 client, quint64 before, quint64 channel, quint16 invoker);
 
     voiceconnection* const connection;

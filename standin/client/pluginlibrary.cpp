@@ -138,7 +138,6 @@ void pluginlibrary::deliverCommand(uint64 schid, const QByteArray& plugin, const
     const QFunctionPointer event = running ? library.resolve("ts3plugin_onPluginCommandEvent") : nullptr;
     if (!event)
         return;
-    host->traffic.countReceived(text);
     flavour->deliverCommand(event, schid, plugin.constData(), text.constData(), invoker);
 }
 

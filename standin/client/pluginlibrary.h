@@ -25,6 +25,7 @@ public:
     /// Unmaps the library after shutdown(); false when something keeps it mapped. Not from inside a call of the plugin.
     bool unload();
 
+    hostservice& service() const { return *host; }
     bool isLoaded() const { return library.isLoaded(); }
     bool isRunning() const { return running; }
     QString file() const { return library.fileName(); }

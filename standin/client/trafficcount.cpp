@@ -8,7 +8,12 @@ int kindOf(const QByteArray& text) { return text.isEmpty() ? 0 : int(quint8(text
 
 void trafficcount::countSent(const QByteArray& text, int targets) { sent[kindOf(text)] += targets; }
 
-void trafficcount::countReceived(const QByteArray& text) { ++received[kindOf(text)]; }
+void trafficcount::countReceived(const QByteArray& text, quint16 from)
+{
+    ++received[kindOf(text)];
+    last = text;
+    sender = from;
+}
 
 void trafficcount::clear()
 {

@@ -8,15 +8,20 @@
 class trafficcount {
 public:
     void countSent(const QByteArray& text, int targets);
-    void countReceived(const QByteArray& text);
+    /// sender: as the server says.
+    void countReceived(const QByteArray& text, quint16 sender);
     void clear();
 
     const QMap<int, int>& sentByKind() const { return sent; }
     const QMap<int, int>& receivedByKind() const { return received; }
     int sentOf(int kind) const { return sent.value(kind); }
     int receivedOf(int kind) const { return received.value(kind); }
+    QByteArray lastText() const { return last; }
+    quint16 lastSender() const { return sender; }
 
 private:
     QMap<int, int> sent;
     QMap<int, int> received;
+    QByteArray last; ///< the command that came last
+    quint16 sender = 0;
 };

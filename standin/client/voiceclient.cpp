@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QInputDialog>
 #include <QThread>
+#include <QTimer>
 
 namespace {
 
@@ -42,7 +43,7 @@ bool voiceclient::start(QString* error)
     if (!options.plugin.isEmpty() && !library.load(options.plugin, error))
         return false;
     for (const QString& server : options.servers) {
-        if (!connectTo(server, identity(), error)) {
+        if (!connectTo(server, identityFor(server), error)) {
             library.shutdown();
             return false;
         }
@@ -70,16 +71,23 @@ int voiceclient::finish(int status)
     return status == 0 && !problems.isEmpty() ? statusLeftovers : status;
 }
 
-voiceidentity voiceclient::identity() const
-{
-    return {options.nickname, options.platform, options.channel, options.away};
-}
-
 QStringList voiceclient::knownServers() const
 {
     QStringList servers = options.servers;
     servers.removeDuplicates();
     return servers;
+}
+
+// A server takes each nickname once: further connections to it bear a number.
+voiceidentity voiceclient::identityFor(const QString& server) const
+{
+    voiceidentity who{options.nickname, options.platform, options.channel, options.away};
+    int same = 0;
+    for (const voiceconnection* connection : service.all())
+        same += connection->server() == server ? 1 : 0;
+    if (same > 0)
+        who.nickname += QStringLiteral(" (%1)").arg(same + 1);
+    return who;
 }
 
 bool voiceclient::isConnected() const
@@ -127,13 +135,10 @@ void voiceclient::askForServer()
         connectAgain(server);
 }
 
-// A nickname is taken once on each server: further connections bear a number.
 void voiceclient::connectAgain(const QString& server)
 {
-    voiceidentity who = identity();
-    who.nickname += QStringLiteral(" (%1)").arg(lastConnection + 1);
     QString error;
-    if (connectTo(server, who, &error))
+    if (connectTo(server, identityFor(server), &error))
         mainWindow->showTab(lastConnection);
     else
         report(service.currentConnection, error);

@@ -6,7 +6,6 @@
 #include "voiceconnection.h"
 
 #include <QObject>
-#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -33,7 +32,7 @@ public:
     /// After the event loop ended: unmaps the plugin and looks for what it left. Gives the status of the process.
     int finish(int status);
 
-    voiceidentity identity() const;
+    QString nickname() const { return options.nickname; }
     QStringList knownServers() const;
     MainWindow* window() const { return mainWindow.get(); }
     hostservice& host() { return service; }
@@ -58,6 +57,7 @@ signals:
     void pluginReloaded();
 
 private:
+    voiceidentity identityFor(const QString& server) const;
     bool connectTo(const QString& server, const voiceidentity& who, QString* error);
     void connectionLost(voiceconnection* connection, const QString& reason);
     void report(quint64 schid, const QString& line);

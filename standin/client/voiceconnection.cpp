@@ -32,7 +32,8 @@ bool voiceconnection::open(QString* error)
 {
     socket->connectToServer(serverName);
     if (!socket->waitForConnected(connectTime)) {
-        *error = QStringLiteral("Cannot reach the server '%1': %2.").arg(serverName, socket->errorString());
+        *error =
+            QStringLiteral("Cannot reach the server '%1'. Is voiceserver running under that name?").arg(serverName);
         return false;
     }
     link.send(makePacket(packetkind::login, QString::fromLatin1(linkSignature), identity.nickname, identity.platform,
@@ -138,6 +139,7 @@ bool voiceconnection::receiveClient(const packet& message)
     quint16 id = 0;
     quint64 channel = 0;
     bool flag = false;
+    QString text;
     switch (message.kind) {
     case packetkind::clientEntered:
         if (!readPacket(message, client, flag))
@@ -149,8 +151,9 @@ bool voiceconnection::receiveClient(const packet& message)
     case packetkind::clientLeft:
         if (!readPacket(message, id, channel, flag))
             return false;
+        text = model.client(id).nickname;
         model.removeClient(id);
-        emit clientLeft(id, channel, flag);
+        emit clientLeft(id, channel, flag, text);
         return true;
     case packetkind::clientMoved:
         return moveInModel(message);

@@ -61,7 +61,7 @@ signals:
     void channelRemoved(quint64 channel, quint16 invoker);
     void channelMoved(quint64 channel, quint64 parent, quint16 invoker);
     void clientEntered(quint16 client, quint64 channel);
-    void clientLeft(quint16 client, quint64 channel, bool timedOut);
+    void clientLeft(quint16 client, quint64 channel, bool timedOut, const QString& nickname);
     void clientMoved(quint16 client, quint64 before, quint64 channel, quint16 invoker);
     void clientAway(quint16 client, bool away);
     void commandReceived(const QByteArray& plugin, const QByteArray& text, quint16 invoker);
