@@ -1,8 +1,8 @@
 #include "kelvoraboutdialog.h"
 
 #include <QDesktopServices>
-#include <QEvent>
 #include <QMessageBox>
+#include <QMouseEvent>
 #include <QPointer>
 #include <QUrl>
 
@@ -32,9 +32,17 @@ bool kelvoraboutdialog::eventFilter(QObject* object, QEvent* event)
     const QPointer<kelvoraboutdialog> self(this);
     if (event->type() == QEvent::MouseButtonPress) {
         if (object == qtlabel)
-            QMessageBox::aboutQt(this, QString::fromLatin1("About Qt"));
+            showAboutQt(static_cast<QMouseEvent*>(event)->button());
         else if (object == donatelabel)
             QDesktopServices::openUrl(QUrl(QString::fromLatin1(donationAddress)));
     }
     return !self || QDialog::eventFilter(object, event);
+}
+
+// After a press of the right button the toolkit asks the window for a context menu, and crashes if it is gone. So this
+// box, behind which the dialog may go away, has to wait there until the press is over.
+void kelvoraboutdialog::showAboutQt(Qt::MouseButton button)
+{
+    const auto show = [this] { QMessageBox::aboutQt(this, QString::fromLatin1("About Qt")); };
+    QMetaObject::invokeMethod(this, show, button == Qt::RightButton ? Qt::QueuedConnection : Qt::DirectConnection);
 }

@@ -17,4 +17,7 @@ protected:
 
 private slots:
     void onLink(QString url);
+
+private:
+    void showAboutQt(Qt::MouseButton button);
 };
