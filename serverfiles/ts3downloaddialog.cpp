@@ -42,7 +42,7 @@ ts3downloaddialog::ts3downloaddialog(const TS3Functions& functions, uint64 schan
 unsigned int ts3downloaddialog::startUpload(uint64 channel, const QString& password, const QString& remotePath,
                                             const QString& localDirectory)
 {
-    // Single bytes, not UTF-8, in both directions: a name outside Latin-1 does not survive, but means the same file to all.
+    // Single bytes, not UTF-8, as between participants: a name outside Latin-1 does not survive.
     return functions.sendFile(schandler, channel, password.toLatin1().constData(), remotePath.toLatin1().constData(), 1,
                               0, localDirectory.toLatin1().constData(), &transferID, nullptr);
 }
