@@ -117,7 +117,9 @@ private:
     void buildThicknessWidgets();
     void buildToolBar();
     void buildCenter(const QSize& canvas);
-    QAction* addAction(const QIcon& icon, const char* text, void (whiteboard::*slot)());
+    QAction* addAction(const QIcon& icon, const char* text, void (whiteboard::*slot)(),
+                       Qt::ConnectionType connection = Qt::AutoConnection);
+    bool mayPrompt() const;
     void toolToggled(kelvortool tool, bool checked);
     void showColor();
     void uploadPicture(uint64 channel, const QString& password, const QString& remotePath, const QString& name);

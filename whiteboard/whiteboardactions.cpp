@@ -9,6 +9,7 @@
 #include "serverfiles/ts3filedialog.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QDir>
 #include <QDoubleSpinBox>
 #include <QFile>
@@ -36,6 +37,9 @@ bool removeOld(const QString& path)
 
 } // namespace
 
+// Two clicks may have come before the first of them was answered, or the window's end; only one dialog opens.
+bool whiteboard::mayPrompt() const { return !left && !QApplication::activeModalWidget(); }
+
 void whiteboard::showColor()
 {
     QImage image(16, 16, QImage::Format_ARGB32_Premultiplied);
@@ -45,6 +49,8 @@ void whiteboard::showColor()
 
 void whiteboard::onColorButtonClicked()
 {
+    if (!mayPrompt())
+        return;
     const QPointer<whiteboard> self(this);
     const QColor chosen = prompts::askColor(this, currentColor);
     if (!self || !chosen.isValid())
@@ -79,6 +85,8 @@ void whiteboard::onClearButtonClicked() { scene->clearCanvas(true); }
 
 void whiteboard::onSaveButtonClicked()
 {
+    if (!mayPrompt())
+        return;
     const QPointer<whiteboard> self(this);
     const QString name = prompts::askSaveFile(this, QString::fromLatin1("Save image to file"),
                                               QString::fromLatin1("PNG-Images (*.png)"));
@@ -88,6 +96,8 @@ void whiteboard::onSaveButtonClicked()
 
 void whiteboard::onUploadButtonClicked()
 {
+    if (!mayPrompt())
+        return;
     const QPointer<whiteboard> self(this);
     uint64 channel = 0;
     QString password;
@@ -127,6 +137,8 @@ void whiteboard::uploadPicture(uint64 channel, const QString& password, const QS
 
 void whiteboard::onAboutButtonClicked()
 {
+    if (!mayPrompt())
+        return;
     const heldwindow<kelvoraboutdialog> dialog(new kelvoraboutdialog(this));
     dialog->exec();
 }

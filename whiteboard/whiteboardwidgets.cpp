@@ -58,17 +58,21 @@ void whiteboard::buildWidgets(int width, int height)
     scene->setFocus(Qt::OtherFocusReason);
 }
 
-QAction* whiteboard::addAction(const QIcon& icon, const char* text, void (whiteboard::*slot)())
+QAction* whiteboard::addAction(const QIcon& icon, const char* text, void (whiteboard::*slot)(),
+                               Qt::ConnectionType connection)
 {
     QAction* action = actionbar->addAction(icon, QString::fromLatin1(text));
-    connect(action, &QAction::triggered, this, slot);
+    connect(action, &QAction::triggered, this, slot, connection);
     return action;
 }
 
 void whiteboard::buildActionBar()
 {
+    // What opens a dialog is called queued: the window may be destroyed while the dialog is open, and the button, which
+    // looks at itself after a click, must not stand below on the stack then.
+    constexpr auto prompting = Qt::QueuedConnection;
     actionbar = new QToolBar(QString::fromLatin1("Tools"), this);
-    coloraction = addAction(QIcon(), "Color", &whiteboard::onColorButtonClicked);
+    coloraction = addAction(QIcon(), "Color", &whiteboard::onColorButtonClicked, prompting);
     showColor();
     actionbar->addSeparator();
     buildThicknessWidgets();
@@ -81,10 +85,11 @@ void whiteboard::buildActionBar()
     actionbar->addSeparator();
     addAction(gfxIcon("new_file"), "Clear", &whiteboard::onClearButtonClicked);
     actionbar->addSeparator();
-    addAction(style()->standardIcon(QStyle::SP_DialogSaveButton), "Save", &whiteboard::onSaveButtonClicked);
-    addAction(gfxIcon("upload"), "Upload", &whiteboard::onUploadButtonClicked);
+    addAction(style()->standardIcon(QStyle::SP_DialogSaveButton), "Save", &whiteboard::onSaveButtonClicked, prompting);
+    addAction(gfxIcon("upload"), "Upload", &whiteboard::onUploadButtonClicked, prompting);
     actionbar->addSeparator();
-    addAction(style()->standardIcon(QStyle::SP_MessageBoxInformation), "Info", &whiteboard::onAboutButtonClicked);
+    addAction(style()->standardIcon(QStyle::SP_MessageBoxInformation), "Info", &whiteboard::onAboutButtonClicked,
+              prompting);
 }
 
 void whiteboard::buildThicknessWidgets()

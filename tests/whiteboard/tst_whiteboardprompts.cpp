@@ -4,6 +4,7 @@
 #include "sessionfixture.h"
 #include "windowparts.h"
 
+#include <QAction>
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QMessageBox>
@@ -36,6 +37,7 @@ private slots:
     void cancelledSaveWritesNothing();
     void failedSaveIsSilent();
     void aboutIsModal();
+    void twoClicksOpenOneDialog();
     void strokesArePaintedMeanwhile_data();
     void strokesArePaintedMeanwhile();
     void endMeanwhile_data();
@@ -194,6 +196,23 @@ void tst_whiteboardprompts::aboutIsModal()
     QVERIFY(modal);
     QCOMPARE(parent, window);
     QVERIFY(window->findChildren<kelvoraboutdialog*>().isEmpty());
+}
+
+void tst_whiteboardprompts::twoClicksOpenOneDialog()
+{
+    whiteboard* window = fixture->openHost({2});
+    int open = 0;
+    whenOpen<QDialog>([&](QDialog* dialog) {
+        QCoreApplication::processEvents();
+        open = window->findChildren<QDialog*>().size();
+        dialog->reject();
+    });
+    action(window, "Info")->trigger();
+    action(window, "Color")->trigger();
+    QCOMPARE(window->findChildren<QDialog*>().size(), 0);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
+    QCOMPARE(open, 1);
+    QVERIFY(!QApplication::activeModalWidget());
 }
 
 void tst_whiteboardprompts::strokesArePaintedMeanwhile_data() { addDialogs(); }

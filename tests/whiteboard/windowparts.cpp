@@ -71,6 +71,7 @@ QAction* action(whiteboard* window, const QByteArray& text)
 void click(whiteboard* window, const QByteArray& text)
 {
     QTest::mouseClick(actionBar(window)->widgetForAction(action(window, text)), Qt::LeftButton);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
 }
 
 QStringList rows(whiteboard* window)

@@ -18,7 +18,7 @@ QList<QToolButton*> toolButtons(whiteboard* window);
 /// By the start of the tool tip; null when there is none.
 QToolButton* toolButton(whiteboard* window, const QByteArray& toolTip);
 QAction* action(whiteboard* window, const QByteArray& text);
-/// A click of the mouse on the button of an action.
+/// A click of the mouse on the button of an action, and what comes of it: dialogs are opened by a queued call.
 void click(whiteboard* window, const QByteArray& text);
 
 /// The nicknames in the list of participants, and the icon of one.
