@@ -24,6 +24,11 @@ function(kelvor_folder name)
   target_link_libraries(kelvor_${name} PUBLIC kelvor_settings Qt5::Core Qt5::Gui Qt5::Widgets ${FOLDER_LINKS})
 endfunction()
 
+# Qt wants a directory that only its user can read for a test's sockets and temporary files, or warns at each start.
+set(KELVOR_RUNTIME_DIR ${CMAKE_BINARY_DIR}/runtime)
+file(MAKE_DIRECTORY ${KELVOR_RUNTIME_DIR})
+file(CHMOD ${KELVOR_RUNTIME_DIR} DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
+
 # kelvor_test(NAME LINKS target... [ENVIRONMENT var=value...] [TIMEOUT seconds] [SOURCES file...]): the program NAME.cpp of
 # the calling folder as a test, run without a display of its own.
 function(kelvor_test name)
@@ -36,5 +41,5 @@ function(kelvor_test name)
   target_link_libraries(${name} PRIVATE kelvor_settings Qt5::Test ${TEST_LINKS})
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES TIMEOUT ${TEST_TIMEOUT}
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;XDG_RUNTIME_DIR=${CMAKE_BINARY_DIR};${TEST_ENVIRONMENT}")
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;XDG_RUNTIME_DIR=${KELVOR_RUNTIME_DIR};LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0;${TEST_ENVIRONMENT}")
 endfunction()

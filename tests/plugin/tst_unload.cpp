@@ -69,9 +69,13 @@ void inEventLoop(const std::function<void()>& act)
     loop.exec();
 }
 
+// How many wait for a modal window that has not shown yet.
+int awaitedBoxes = 0;
+
 // Calls act as soon as a modal window shows.
 void whenBoxShows(const std::function<void(QWidget*)>& act)
 {
+    ++awaitedBoxes;
     auto* watch = new QTimer(qApp);
     QObject::connect(watch, &QTimer::timeout, watch, [watch, act] {
         QWidget* box = QApplication::activeModalWidget();
@@ -79,6 +83,7 @@ void whenBoxShows(const std::function<void(QWidget*)>& act)
             return;
         watch->stop();
         watch->deleteLater();
+        --awaitedBoxes;
         act(box);
     });
     watch->start(0);
@@ -91,7 +96,8 @@ void clickButton(QWidget* box, const char* text)
         if (button->text() == QLatin1String(text) || button->objectName() == QLatin1String(text))
             return button->click();
     }
-    QFAIL(text);
+    QFAIL(qPrintable(QString::fromLatin1("no button %1 in a %2 \"%3\"")
+                         .arg(QLatin1String(text), QLatin1String(box->metaObject()->className()), box->windowTitle())));
 }
 
 } // namespace
@@ -216,6 +222,8 @@ void tst_unload::cycle(const state& left)
     inEventLoop([&] {
         plugin->init();
         left.reach(*this);
+        // Some buttons open their boxes only when the loop comes round.
+        QTRY_COMPARE(awaitedBoxes, 0);
         if (!isShutDown)
             plugin->shutdown();
         gone = plugin->unload();
@@ -257,7 +265,9 @@ void tst_unload::manyCyclesLeaveNothingBehind()
     for (int i = 0; i < KELVOR_UNLOAD_CYCLES; ++i) {
         cycle(states().at(i % states().size()));
         if (QTest::currentTestFailed())
-            return;
+            QFAIL(qPrintable(QString::fromLatin1("in cycle %1: %2")
+                                 .arg(i)
+                                 .arg(QLatin1String(states().at(i % states().size()).name))));
     }
 }
 
