@@ -122,8 +122,8 @@ std::optional<startmessage> readStart(const char* text)
     message.channel = toUInt64(parts.take());
     message.background = parts.take() == "true";
     message.size = toUInt64(parts.take());
-    // A path with a blank in it makes more parts. It is not joined again: the session opens without the picture, as it
-    // does at all other peers, and nobody paints on another picture than the rest.
+    // A path with a blank in it makes more parts. These are not joined again: at every peer such a session opens with
+    // an empty path and so without its picture, and one that knew better would paint on another picture than the rest.
     if (count == 8)
         message.path = toText(parts.take());
     return message;
