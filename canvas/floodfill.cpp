@@ -19,11 +19,20 @@ struct segment {
     int step() const { return row >= 0 ? 1 : -1; }
 };
 
-/// The first index from x on, or end, whose value is not the wanted one. Sixteen pixels a step: the inner loop has a
-/// fixed length and no exit, which is what the compiler turns into vector instructions.
+/// So many pixels are compared one by one before blocks are tried: in corridors and noise a run ends sooner.
+constexpr int shortRun = 8;
+/// A block is compared whole: a loop of fixed length without an exit is what the compiler turns into vector
+/// instructions.
+constexpr int block = 32;
+
+/// The first index from x on, or end, whose value is not the wanted one.
 int endOfRun(const QRgb* row, int x, int end, QRgb value)
 {
-    const int block = 16;
+    for (const int near = std::min(end, x + shortRun); x < near; ++x) {
+        if (row[x] != value) {
+            return x;
+        }
+    }
     for (; end - x >= block; x += block) {
         QRgb difference = 0;
         for (int i = 0; i < block; ++i) {
@@ -42,7 +51,11 @@ int endOfRun(const QRgb* row, int x, int end, QRgb value)
 /// The first index from x on, or end, that has the value.
 int startOfRun(const QRgb* row, int x, int end, QRgb value)
 {
-    const int block = 16;
+    for (const int near = std::min(end, x + shortRun); x < near; ++x) {
+        if (row[x] == value) {
+            return x;
+        }
+    }
     for (; end - x >= block; x += block) {
         QRgb found = 0;
         for (int i = 0; i < block; ++i) {
@@ -54,6 +67,15 @@ int startOfRun(const QRgb* row, int x, int end, QRgb value)
     }
     while (x < end && row[x] != value) {
         ++x;
+    }
+    return x;
+}
+
+/// The first index of the run of the value that ends before x.
+int beginOfRun(const QRgb* row, int x, QRgb value)
+{
+    while (x > 0 && row[x - 1] == value) {
+        --x;
     }
     return x;
 }
@@ -80,38 +102,43 @@ public:
     }
 
 private:
-    QRgb* rowAt(int y) { return pixels + static_cast<qptrdiff>(y) * stride; }
+    QRgb* rowAt(int y) { return pixels + y * stride; }
 
     void fillFrom(int x, int y)
     {
         push(x, x, y, 1);
         push(x, x, y - 1, -1);
+        // First in, first out: the front of the fill then comes back to a cache line while it is still at hand.
         while (count > 0) {
-            fillRuns(waiting[--count]);
+            const segment part = waiting[head];
+            head = (head + 1) % capacity;
+            --count;
+            fillRuns(part);
         }
     }
 
     void fillRuns(const segment& part)
     {
-        const int y = part.y();
-        const int step = part.step();
-        QRgb* row = rowAt(y);
-        int x = startOfRun(row, part.left, part.right + 1, target);
-        while (x <= part.right) {
-            int left = x;
-            if (x == part.left) {
-                while (left > 0 && row[left - 1] == target) {
-                    --left;
-                }
-            }
+        QRgb* row = rowAt(part.y());
+        const int limit = part.right + 1;
+        int x = startOfRun(row, part.left, limit, target);
+        while (x < limit) {
+            const int left = x == part.left ? beginOfRun(row, x, target) : x;
             const int end = endOfRun(row, x, width, target);
             std::fill(row + left, row + end, fill);
-            // What sticks out beyond the row that led here can reach around its ends.
-            push(left, part.left - 1, y - step, -step);
-            push(part.right + 1, end - 1, y - step, -step);
-            push(left, end - 1, y + step, step);
-            x = startOfRun(row, std::min(end, part.right + 1), part.right + 1, target);
+            pushAround(part, left, end - 1);
+            x = startOfRun(row, end, limit, target);
         }
+    }
+
+    void pushAround(const segment& part, int left, int right)
+    {
+        const int y = part.y();
+        const int step = part.step();
+        push(left, right, y + step, step);
+        // What sticks out beyond the row that led here can reach around its ends.
+        push(left, part.left - 1, y - step, -step);
+        push(part.right + 1, right, y - step, -step);
     }
 
     void push(int left, int right, int y, int step)
@@ -123,7 +150,8 @@ private:
             park(left, right, y);
             return;
         }
-        waiting[count++] = segment::make(left, right, y, step);
+        waiting[(head + count) % capacity] = segment::make(left, right, y, step);
+        ++count;
     }
 
     /// Without room to remember a segment, one pixel of each of its runs takes a value that is nowhere else in the
@@ -164,30 +192,28 @@ private:
     {
         constexpr int digits = 4;
         constexpr int bits = 8;
-        QRgb prefix = 0;
         QRgb mask = 0;
         for (int digit = digits - 1; digit >= 0; --digit) {
             const int shift = digit * bits;
             std::array<qint64, 1 << bits> uses{};
-            const auto countValue = [&](QRgb value) { uses[(value >> shift) & 0xffU] += (value & mask) == prefix; };
+            const auto countValue = [&](QRgb value) { uses[(value >> shift) & 0xffU] += (value & mask) == marker; };
             countValue(target);
             countValue(fill);
             for (int y = 0; y < height; ++y) {
                 std::for_each(rowAt(y), rowAt(y) + width, countValue);
             }
-            const auto rarest = std::min_element(uses.begin(), uses.end()) - uses.begin();
-            prefix |= static_cast<QRgb>(rarest) << shift;
+            const auto rarest = std::min_element(uses.begin(), uses.end());
+            marker |= static_cast<QRgb>(rarest - uses.begin()) << shift;
             mask |= 0xffU << shift;
-            if (uses[static_cast<std::size_t>(rarest)] == 0) {
+            if (*rarest == 0) {
                 break;
             }
         }
-        marker = prefix;
         markerChosen = true;
     }
 
     // 192 KiB: what honest pictures need, by far, and what a peer can make a participant allocate.
-    static constexpr int capacity = 16384;
+    static constexpr std::size_t capacity = 16384;
 
     QRgb* pixels;
     qptrdiff stride;
@@ -195,8 +221,9 @@ private:
     int height;
     QRgb target;
     QRgb fill;
-    std::unique_ptr<segment[]> waiting;
-    int count = 0;
+    std::unique_ptr<segment[]> waiting; ///< a ring
+    std::size_t head = 0;
+    std::size_t count = 0;
     QRgb marker = 0;
     bool markerChosen = false;
     int parkedTop = std::numeric_limits<int>::max();

@@ -1,16 +1,12 @@
 #include "payloads.h"
 
+#include "brushes/pointtext.h"
+
 #include <QStringList>
 
 namespace {
 
 QString pointText(const QPoint& point) { return QString::fromLatin1("%1|%2").arg(point.x()).arg(point.y()); }
-
-QPoint readPoint(const QString& text)
-{
-    const QLatin1Char bar('|');
-    return {text.section(bar, 0, 0).toInt(), text.section(bar, 1, 1).toInt()};
-}
 
 constexpr QLatin1Char blank(' ');
 
