@@ -3,6 +3,7 @@
 
 #include "standin/common/endsignals.h"
 #include "standin/common/programoptions.h"
+#include "standin/player/clientplayer.h"
 
 #include <QApplication>
 
@@ -45,10 +46,14 @@ int main(int argc, char* argv[])
     int ownName = 1;
     QApplication application(ownName, argv);
     QApplication::setQuitOnLastWindowClosed(false);
+    // What plays the client cannot look into a dialog of the desktop's own.
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs, options.played);
     voiceclient client(options);
     if (!client.start(&problem))
         return reportFailure(problem);
     const endsignals signalsCaught;
     QObject::connect(&signalsCaught, &endsignals::caught, &client, [&client] { client.end(0); });
+    if (options.played)
+        new clientplayer(&client);
     return client.finish(QApplication::exec());
 }

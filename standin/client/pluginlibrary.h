@@ -28,6 +28,8 @@ public:
     hostservice& service() const { return *host; }
     bool isLoaded() const { return library.isLoaded(); }
     bool isRunning() const { return running; }
+    /// How often it was loaded so far.
+    int loadCount() const { return loads; }
     QString file() const { return library.fileName(); }
     int apiVersion() const { return flavour ? flavour->apiVersion : 0; }
     /// What the plugin says of itself; empty when not loaded.

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QImage>
+
+class QWidget;
+
+/// Pictures of what really stands on the screen: a widget's own rendering would look right also where the window system
+/// shows something else.
+namespace screenshot {
+
+QSize screenSize();
+QImage ofScreen();
+/// With the window manager's frame. Where the screen cannot be read, the window's own rendering.
+QImage ofWindow(QWidget* window);
+
+} // namespace screenshot

@@ -1,0 +1,97 @@
+#include "windowfinder.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+
+namespace {
+
+bool matches(const QWidget* widget, const QString& wanted)
+{
+    const QString className = wanted.section(QLatin1Char('/'), 0, 0);
+    const QString title = wanted.section(QLatin1Char('/'), 1);
+    return widget->isVisible() && widget->isWindow()
+        && (className.isEmpty() || widget->inherits(className.toLatin1().constData()))
+        && (title.isEmpty() || widget->windowTitle().contains(title));
+}
+
+QWidgetList all(const QString& wanted)
+{
+    QWidgetList found;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget* widget : windows) {
+        if (matches(widget, wanted))
+            found.append(widget);
+    }
+    return found;
+}
+
+bool bearsText(const QString& text, const QString& toolTip, const QString& wanted)
+{
+    return windowfinder::plain(text) == wanted || (!wanted.isEmpty() && toolTip.startsWith(wanted));
+}
+
+} // namespace
+
+namespace windowfinder {
+
+QWidget* window(const QString& wanted)
+{
+    if (wanted == QLatin1String("any")) {
+        if (QWidget* const modal = QApplication::activeModalWidget())
+            return modal;
+        return QApplication::activeWindow();
+    }
+    const QWidgetList found = all(wanted);
+    return found.contains(QApplication::activeWindow()) ? QApplication::activeWindow() : found.value(0);
+}
+
+QStringList titles(const QString& wanted)
+{
+    QStringList found;
+    const QWidgetList windows = all(wanted);
+    for (const QWidget* widget : windows)
+        found.append(widget->windowTitle());
+    return found;
+}
+
+QWidget* descendant(QWidget* window, const char* className)
+{
+    if (!window)
+        return nullptr;
+    const QList<QWidget*> below = window->findChildren<QWidget*>();
+    for (QWidget* widget : below) {
+        if (widget->inherits(className) && widget->window() == window)
+            return widget;
+    }
+    return nullptr;
+}
+
+QWidget* button(QWidget* window, const QString& wanted)
+{
+    const QList<QAbstractButton*> buttons = window->findChildren<QAbstractButton*>();
+    for (QAbstractButton* one : buttons) {
+        const bool fits = one->objectName() == wanted || bearsText(one->text(), one->toolTip(), wanted);
+        if (fits && one->isVisible() && one->isEnabled())
+            return one;
+    }
+    return nullptr;
+}
+
+QAction* action(QWidget* window, const QString& wanted)
+{
+    const QList<QAction*> actions = window->findChildren<QAction*>();
+    for (QAction* one : actions) {
+        if (bearsText(one->text(), one->toolTip(), wanted) && one->isEnabled())
+            return one;
+    }
+    return nullptr;
+}
+
+QString plain(const QString& text)
+{
+    QString shown = text;
+    return shown.remove(QLatin1Char('&'));
+}
+
+} // namespace windowfinder
