@@ -1,31 +1,42 @@
 #include "invitees.h"
 
+// Null for the states of those who stand in no list.
+invitees::list invitees::listOf(invitestate state)
+{
+    switch (state) {
+    case invitestate::invite_accepted:
+        return &invitees::acceptedClients;
+    case invitestate::invite_invited:
+        return &invitees::invitedClients;
+    case invitestate::invite_busy:
+    case invitestate::invite_rejected:
+    case invitestate::invite_rejectedversion:
+        return &invitees::rejectedClients;
+    default:
+        return nullptr;
+    }
+}
+
 void invitees::set(anyID client, invitestate state)
 {
-    QList<anyID>* list = nullptr;
-    if (state == invitestate::invite_accepted)
-        list = &acceptedClients;
-    else if (state == invitestate::invite_invited)
-        list = &invitedClients;
-    else if (state == invitestate::invite_busy || state == invitestate::invite_rejected
-             || state == invitestate::invite_rejectedversion)
-        list = &rejectedClients;
-    if (!list) {
+    const list place = listOf(state);
+    if (!place) {
         release(client);
-    } else if (client != 0 && !list->contains(client)) {
+    } else if (client != 0 && places.value(client) != place) {
         remove(client);
-        list->append(client);
+        (this->*place).append(client);
+        places.insert(client, place);
     }
 }
 
 void invitees::release(anyID client)
 {
-    if (!invitedClients.removeOne(client))
-        acceptedClients.removeOne(client);
+    if (places.value(client) != &invitees::rejectedClients)
+        remove(client);
 }
 
 void invitees::remove(anyID client)
 {
-    release(client);
-    rejectedClients.removeOne(client);
+    if (const list place = places.take(client))
+        (this->*place).removeOne(client);
 }

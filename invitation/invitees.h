@@ -3,6 +3,7 @@
 #include "hostapi/hosttypes.h"
 #include "invitestate.h"
 
+#include <QHash>
 #include <QList>
 
 /// The lists of a lobby: who has accepted, been invited or refused, and which channels are marked. A client stands in
@@ -27,8 +28,13 @@ public:
     void unmarkChannel(uint64 channel) { invitedChannels.removeAll(channel); }
 
 private:
+    using list = QList<anyID> invitees::*;
+    static list listOf(invitestate state);
+
     QList<anyID> acceptedClients;
     QList<anyID> invitedClients;
     QList<anyID> rejectedClients; ///< rejected, busy or of another version
     QList<uint64> invitedChannels;
+    // In which list a client stands. Without it every name in a peer's list would be looked for in all of ours.
+    QHash<anyID, list> places;
 };

@@ -270,7 +270,7 @@ void tst_guesttransitions::onlyTheHostIsHeard_data()
     QTest::addColumn<int>("sender");
     for (const auto& road : roads) {
         for (const QByteArray& event : fromTheHostOnly) {
-            for (const anyID sender : {anyID(0), own, cleo, stranger})
+            for (const anyID sender : QList<anyID>{anyID(0), own, cleo, stranger})
                 QTest::addRow("%s, %s from %d", road.first.constData(), event.constData(), sender)
                     << road.first << event << int(sender);
         }
@@ -398,9 +398,9 @@ void tst_guesttransitions::threeListsNeverArrive()
     lobby->receive(3, "3 1 2");
     QCOMPARE(invited.count() + rejected.count() + channels.count(), 3);
     QCOMPARE(lobby->lists(), QString("A 4|I|R|C"));
-    for (const anyID client : {anna, stranger})
+    for (const anyID client : QList<anyID>{anna, stranger})
         QCOMPARE(lookOf(lobby->dialog->clientRow(client)), QString("none"));
-    for (const uint64 channel : {1, 2})
+    for (const uint64 channel : QList<uint64>{1, 2})
         QCOMPARE(lookOf(lobby->dialog->channelRow(channel)), QString("channel"));
 }
 

@@ -278,9 +278,9 @@ void tst_invitationdialog::menuOffersWhatTheSelectionAllows()
     showLobby();
     const QHash<QString, anyID> clients = {{"self", 1},      {"none", 2},     {"invited", 3}, {"accepted", 4},
                                            {"rejected", 10}, {"version", 11}, {"busy", 12}};
-    for (const anyID extra : {10, 11, 12})
+    for (const anyID extra : QList<anyID>{10, 11, 12})
         emit lobby->controller.clientConnected(1, extra, 1);
-    for (const anyID client : {3, 4, 10, 11, 12})
+    for (const anyID client : QList<anyID>{3, 4, 10, 11, 12})
         lobby->inviteClient(client);
     lobby->receive(13, "4");
     lobby->receive(14, "10");

@@ -22,9 +22,9 @@ private slots:
 void tst_invitees::keepsTheOrderOfAcceptance()
 {
     invitees lists;
-    for (const anyID client : {5, 2, 9})
+    for (const anyID client : QList<anyID>{5, 2, 9})
         lists.set(client, invitestate::invite_invited);
-    for (const anyID client : {9, 5, 2})
+    for (const anyID client : QList<anyID>{9, 5, 2})
         lists.set(client, invitestate::invite_accepted);
     QCOMPARE(lists.accepted(), (ids{9, 5, 2}));
     QCOMPARE(lists.invited(), ids());
@@ -71,7 +71,7 @@ void tst_invitees::otherStatesTakeOutOfAcceptedAndInvited()
         lists.set(1, invitestate::invite_accepted);
         lists.set(2, invitestate::invite_invited);
         lists.set(3, invitestate::invite_rejected);
-        for (const anyID client : {1, 2, 3})
+        for (const anyID client : QList<anyID>{1, 2, 3})
             lists.set(client, state);
         QCOMPARE(lists.accepted(), ids());
         QCOMPARE(lists.invited(), ids());
@@ -85,7 +85,7 @@ void tst_invitees::releaseLeavesRefusals()
     lists.set(1, invitestate::invite_accepted);
     lists.set(2, invitestate::invite_invited);
     lists.set(3, invitestate::invite_busy);
-    for (const anyID client : {1, 2, 3, 4})
+    for (const anyID client : QList<anyID>{1, 2, 3, 4})
         lists.release(client);
     QCOMPARE(lists.accepted() + lists.invited(), ids());
     QCOMPARE(lists.rejected(), ids{3});
@@ -97,7 +97,7 @@ void tst_invitees::removeTakesOutOfAll()
     lists.set(1, invitestate::invite_accepted);
     lists.set(2, invitestate::invite_invited);
     lists.set(3, invitestate::invite_rejectedversion);
-    for (const anyID client : {1, 2, 3, 4})
+    for (const anyID client : QList<anyID>{1, 2, 3, 4})
         lists.remove(client);
     QCOMPARE(lists.accepted() + lists.invited() + lists.rejected(), ids());
 }

@@ -124,7 +124,7 @@ void tst_invitetree::marksOwnAndHost()
 void tst_invitetree::noRowIsHostOnTheHost()
 {
     lobby->openHost();
-    for (const anyID id : {1, 2, 3, 4, 5})
+    for (const anyID id : QList<anyID>{1, 2, 3, 4, 5})
         QVERIFY(client(id)->inviteState() != invitestate::invite_host);
 }
 
@@ -140,7 +140,7 @@ void tst_invitetree::unknownOwnIdMarksNobody()
 {
     lobby->host.failing.insert("getClientID");
     lobby->openHost();
-    for (const anyID id : {1, 2, 3, 4, 5})
+    for (const anyID id : QList<anyID>{1, 2, 3, 4, 5})
         QCOMPARE(lookOf(client(id)), QString("none"));
 }
 
@@ -217,7 +217,7 @@ void tst_invitetree::rowsListedTwiceAreShownOnce()
 void tst_invitetree::everythingIsOpenAtFirst()
 {
     lobby->openHost();
-    for (const anyID id : {1, 2, 3, 4, 5})
+    for (const anyID id : QList<anyID>{1, 2, 3, 4, 5})
         QVERIFY(isOpenAbove(client(id)));
     QVERIFY(!lobby->tree->expandsOnDoubleClick());
 }
@@ -367,7 +367,7 @@ void tst_invitetree::channelMoves()
     lobby->openHost();
     emit lobby->controller.channelMoved(1, uint64(id), uint64(parent));
     QTEST(lobby->rows(), "rows");
-    for (const anyID client : {1, 2, 3, 4, 5})
+    for (const anyID client : QList<anyID>{1, 2, 3, 4, 5})
         QVERIFY(isOpenAbove(this->client(client)));
 }
 
@@ -536,7 +536,7 @@ void tst_invitetree::strangersNamesKeepTheLayout()
     lobby->dialog->show();
     QVERIFY(QTest::qWaitForWindowExposed(lobby->dialog));
     QCOMPARE(lobby->dialog->minimumSizeHint(), room);
-    for (const anyID id : {1, 2, 3})
+    for (const anyID id : QList<anyID>{1, 2, 3})
         QCOMPARE(lobby->tree->visualItemRect(client(id)).height(), rowHeight);
     QCOMPARE(lobby->tree->visualItemRect(channel(1)).height(), rowHeight);
     QVERIFY(lobby->tree->columnWidth(0) <= lobby->tree->viewport()->width());

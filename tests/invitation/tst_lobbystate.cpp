@@ -211,7 +211,7 @@ void tst_lobbystate::channelInvitesItsSubChannels()
     lobby->inviteChannel(2);
     QCOMPARE(lobby->sent(), QStringList({"1 2 1>4", "6 1 4>2", "7 1 3>2", "1 2 1>3", "6 1 3>2", "7 1 2>2"}));
     QCOMPARE(lobby->lists(), QString("A 2|I 4 3|R|C 3 2"));
-    for (const uint64 channel : {2, 3})
+    for (const uint64 channel : QList<uint64>{2, 3})
         QCOMPARE(lookOf(lobby->dialog->channelRow(channel)), QString("marked"));
 }
 
