@@ -209,6 +209,8 @@ void invitationdialog::takePicture()
     widthedit->setEnabled(false);
     heightedit->setEnabled(false);
     imagebgcheckbox->setEnabled(true);
+    // An error of an earlier picture makes room for the legend again.
+    legendBar->clearMessage();
 }
 
 void invitationdialog::dropPicture(unsigned int error)
@@ -233,6 +235,7 @@ void invitationdialog::onClearButtonClicked()
     widthedit->setEnabled(true);
     heightedit->setEnabled(true);
     imagebgcheckbox->setEnabled(false);
+    legendBar->clearMessage();
 }
 
 // "Invite" is offered for fresh rows only. A client that refused can be invited again by a double click, which goes

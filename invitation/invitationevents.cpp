@@ -89,9 +89,17 @@ void invitationdialog::onBusy(uint64 schandler, anyID client)
         people->onBusy(client);
 }
 
-void invitationdialog::invite() { people->inviteSelected(); }
+void invitationdialog::invite()
+{
+    if (!ended)
+        people->inviteSelected();
+}
 
-void invitationdialog::takeBack() { people->takeBackSelected(); }
+void invitationdialog::takeBack()
+{
+    if (!ended)
+        people->takeBackSelected();
+}
 
 void invitationdialog::mirrorList(const anyID* list, invitestate state)
 {

@@ -1,9 +1,14 @@
 #include "rowlooks.h"
 
+#include <QPainter>
+#include <QPixmap>
+
 #include <cstddef>
 #include <iterator>
 
 namespace {
+
+constexpr qreal plateCorner = 3; ///< pixels
 
 struct lookentry {
     const char* icon;
@@ -39,13 +44,40 @@ std::size_t indexOf(invitestate state, bool isChannel, bool withPlugin)
     return static_cast<std::size_t>(state);
 }
 
+// On a selected row the toolkit would tint the picture and lay it on the highlight, where the state could not be told
+// any more: there the picture stands on a white plate instead, as it is.
+QPixmap onPlate(const QPixmap& picture)
+{
+    QPixmap plate(picture.size());
+    plate.setDevicePixelRatio(picture.devicePixelRatio());
+    plate.fill(Qt::transparent);
+    QPainter painter(&plate);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::white);
+    const QRectF area(QPointF(0, 0), QSizeF(plate.size()) / plate.devicePixelRatio());
+    painter.drawRoundedRect(area, plateCorner, plateCorner);
+    painter.drawPixmap(QPointF(0, 0), picture);
+    return plate;
+}
+
+QIcon iconOf(const char* file)
+{
+    const QString path = QString::fromLatin1(file);
+    QIcon icon(path);
+    const QPixmap picture(path);
+    if (!picture.isNull())
+        icon.addPixmap(onPlate(picture), QIcon::Selected);
+    return icon;
+}
+
 } // namespace
 
 rowlooks::rowlooks()
 {
     static_assert(std::size(entries) == std::tuple_size<decltype(looks)>::value, "each look has its entry");
     for (std::size_t i = 0; i < looks.size(); ++i)
-        looks[i] = {QIcon(QString::fromLatin1(entries[i].icon)), QString::fromLatin1(entries[i].toolTip)};
+        looks[i] = {iconOf(entries[i].icon), QString::fromLatin1(entries[i].toolTip)};
 }
 
 const rowlook& rowlooks::of(invitestate state, bool isChannel, bool withPlugin) const

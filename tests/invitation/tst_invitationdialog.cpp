@@ -56,6 +56,7 @@ private slots:
     void logoutOfTheHostEndsTheGuest();
     void hostLeavingTheServerDoesNotEndTheGuest();
     void endedLobbyHearsNothing();
+    void endedLobbyInvitesNobody();
     void fileEventsAreRelayed();
 
 private:
@@ -586,6 +587,22 @@ void tst_invitationdialog::endedLobbyHearsNothing()
     QTRY_VERIFY(!lobby->dialog);
     everything();
     QCOMPARE(results, QList<int>{1});
+}
+
+// The menu may still be open then.
+void tst_invitationdialog::endedLobbyInvitesNobody()
+{
+    lobby->openHost();
+    showLobby();
+    lobby->inviteClient(3);
+    lobby->sent();
+    lobby->dialog->accept();
+    lobby->inviteClient(2);
+    lobby->takeBackClient(3);
+    lobby->receive(13, "3");
+    lobby->receive(24, "3");
+    QCOMPARE(lobby->lists(), QString("A|I 3|R|C"));
+    QCOMPARE(lobby->sent(), QStringList());
 }
 
 void tst_invitationdialog::fileEventsAreRelayed()

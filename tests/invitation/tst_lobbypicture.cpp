@@ -45,6 +45,7 @@ private slots:
     void passwordGoesAlong();
     void cancelledChoiceChangesNothing();
     void refusedDownloadShowsWhy();
+    void errorMakesRoomForTheLegendWhenCleared();
     void closedTransferDropsThePicture();
     void errorWithoutATextLeavesTheBarEmpty();
     void failedSecondPictureDropsTheFirst();
@@ -239,6 +240,19 @@ void tst_lobbypicture::refusedDownloadShowsWhy()
     putPicture("b.png", {10, 20});
     load(choose("b.png"), finish());
     QCOMPARE(shown("heightedit"), QString("20"));
+    QCOMPARE(message(), QString());
+}
+
+void tst_lobbypicture::errorMakesRoomForTheLegendWhenCleared()
+{
+    const QWidget* legend = lobby->dialog->findChild<QStatusBar*>()->findChild<QLabel*>();
+    QVERIFY(legend->isVisible());
+    lobby->host.failing.insert("requestFile");
+    load(choose("b.png"));
+    QVERIFY(!legend->isVisible());
+    widget<QPushButton>("clearbutton")->click();
+    QCOMPARE(message(), QString());
+    QVERIFY(legend->isVisible());
 }
 
 void tst_lobbypicture::closedTransferDropsThePicture()

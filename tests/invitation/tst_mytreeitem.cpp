@@ -17,6 +17,8 @@ private slots:
     void pluginShowsAtOnceOnlyInAFreshRow_data();
     void pluginShowsAtOnceOnlyInAFreshRow();
     void pluginShowsWhenTheRowIsFreshAgain();
+    void selectedRowKeepsThePicture_data();
+    void selectedRowKeepsThePicture();
     void rowsShareTheirIcons();
     void stateHasTheNumbersOfTheLobby();
 
@@ -123,6 +125,29 @@ void tst_mytreeitem::pluginShowsWhenTheRowIsFreshAgain()
     row.setHasPlugin();
     row.setState(invitestate::invite_none);
     QCOMPARE(lookOf(&row), QString("plugin"));
+}
+
+void tst_mytreeitem::selectedRowKeepsThePicture_data() { stateBringsIconAndToolTip_data(); }
+
+void tst_mytreeitem::selectedRowKeepsThePicture()
+{
+    QFETCH(int, state);
+    mytreeitem row(anyID(7), looks);
+    row.setState(static_cast<invitestate>(state));
+    const QIcon icon = row.icon(0);
+    const QImage normal = icon.pixmap(16).toImage().convertToFormat(QImage::Format_ARGB32);
+    const QImage selected = icon.pixmap(16, QIcon::Selected).toImage().convertToFormat(QImage::Format_ARGB32);
+    QCOMPARE(selected.size(), normal.size());
+    int opaque = 0;
+    for (int y = 0; y < normal.height(); ++y) {
+        for (int x = 0; x < normal.width(); ++x) {
+            if (qAlpha(normal.pixel(x, y)) != 255)
+                continue;
+            ++opaque;
+            QCOMPARE(selected.pixel(x, y), normal.pixel(x, y));
+        }
+    }
+    QVERIFY(opaque > 0);
 }
 
 void tst_mytreeitem::rowsShareTheirIcons()
