@@ -15,8 +15,9 @@ void normalise(QImage& layer);
 /// Whether every pixel of the rectangle lies within the layer and is opaque.
 bool covers(const QImage& layer, const QRect& rectangle);
 
-/// Fills band with what the screen shows from origin on, before any overlay. On a band with an alpha channel the
-/// background is left as transparent as it is; else all lies on white paper, which also surrounds the picture.
+/// Fills band with what the screen shows from origin on, before any overlay. On a band of Format_RGB32 that is the
+/// canvas on the background, which then has to cover it, or on white paper; the paper also surrounds the picture. On a
+/// band of Format_ARGB32 the background stays as transparent as it is.
 void compose(QImage& band, const QPoint& origin, const QImage& background, const QImage& canvas);
 
 /// The picture to be saved: of the canvas's size, with the background below.

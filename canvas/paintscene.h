@@ -94,6 +94,7 @@ private:
     void updateAfter(const QMouseEvent& event);
 
     void paintExposed(QPainter& screen, const QRect& exposed);
+    bool hasOverlay() const;
     void drawOverlay(QImage& band, const QPoint& origin);
 
     void clearAll();

@@ -14,8 +14,10 @@ void paintscene::paintEvent(QPaintEvent* event)
 
 void paintscene::paintExposed(QPainter& screen, const QRect& exposed)
 {
-    // A band at a time, so that a repaint of everything needs no second picture; 1 MiB stays in the processor's cache.
-    const int bandPixels = 1 << 18;
+    const bool overlaid = hasOverlay();
+    // A band at a time, so that a repaint of everything needs no second picture. 1 MiB stays in the processor's cache.
+    // With an overlay the bands are larger: where a band cuts a line one pixel wide, the toolkit may shift its pixels.
+    const int bandPixels = 1 << (overlaid ? 20 : 18);
     const int rows = qBound(1, bandPixels / exposed.width(), exposed.height());
     // Overlays are painted in the canvas's own pixels and format, so that what is previewed is what will be painted, on
     // scaled screens too.
@@ -24,7 +26,9 @@ void paintscene::paintExposed(QPainter& screen, const QRect& exposed)
     for (int top = exposed.top(); top <= exposed.bottom(); top += rows) {
         const QRect part(exposed.left(), top, exposed.width(), qMin(rows, exposed.bottom() - top + 1));
         layers::compose(band, part.topLeft(), background, canvas);
-        drawOverlay(band, part.topLeft());
+        if (overlaid) {
+            drawOverlay(band, part.topLeft());
+        }
         if (seeThrough) {
             // The toolkit leaves the widget's own background out for a widget that paints all of itself.
             screen.fillRect(part, Qt::white);
@@ -33,17 +37,19 @@ void paintscene::paintExposed(QPainter& screen, const QRect& exposed)
     }
 }
 
-void paintscene::drawOverlay(QImage& band, const QPoint& origin)
+bool paintscene::hasOverlay() const
 {
     const toolrow* row = rowOf(tool);
-    if (!row || !row->overlay || canvas.isNull()) {
-        return;
-    }
+    return row && row->overlay && !canvas.isNull();
+}
+
+void paintscene::drawOverlay(QImage& band, const QPoint& origin)
+{
     QImage view(band.bits(), band.width(), band.height(), band.bytesPerLine(), QImage::Format_ARGB32);
     QPainter painter(&view);
     painter.translate(-origin);
     if (hasBackground) {
         painter.setClipRect(canvas.rect());
     }
-    row->overlay(*this, &painter);
+    rowOf(tool)->overlay(*this, &painter);
 }

@@ -25,9 +25,10 @@ void paintscene::applyDraw(char toolValue, const QColor& strokeColor, qreal thic
         QPainter painter(&canvas);
         row->replay(*this, &painter, strokeColor, thick, path);
     }
-    if (isPath(painted)) {
+    if (isPath(painted) && !hasOverlay()) {
         update(strokeBounds(path, thick, canvas.rect()));
     } else {
+        // An overlay is repainted as a whole, or a thin line in it would show where it was cut.
         update();
     }
 }
