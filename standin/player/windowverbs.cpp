@@ -133,6 +133,9 @@ void addWindowVerbs(verbtable* verbs)
     verbs->insert(QStringLiteral("check"), check);
     verbs->insert(QStringLiteral("place"), place);
     verbs->insert(QStringLiteral("screen"), screenSize);
+    verbs->insert(QStringLiteral("windows"), [](playrequest& request) {
+        return playDone(windowfinder::titles(request.rest(0)).join(QStringLiteral(" | ")));
+    });
     verbs->insert(QStringLiteral("shot"), shot);
     verbs->insert(QStringLiteral("raise"), [](playrequest& request) { return withWindow(request.rest(0), "raise"); });
     verbs->insert(QStringLiteral("close"), [](playrequest& request) { return withWindow(request.rest(0), "close"); });

@@ -1,0 +1,70 @@
+#include "directoroptions.h"
+
+#include "standin/common/programoptions.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+constexpr int mostPlayers = 99;
+
+void declare(programoptions* parser)
+{
+    parser->add(QStringLiteral("plugin"), QStringLiteral("Library of the plugin that the clients load."),
+                QStringLiteral("FILE"));
+    parser->add(QStringLiteral("players"),
+                QStringLiteral("How many people, when the script leaves it open (default 2)."), QStringLiteral("N"));
+    parser->add(QStringLiteral("script"),
+                QStringLiteral("Play this script: a file, or one of %1. May be given repeatedly; without it, all of "
+                               "these are played.")
+                    .arg(ownScripts().join(QStringLiteral(", "))),
+                QStringLiteral("SCRIPT"));
+    parser->add(QStringLiteral("screenshots"), QStringLiteral("Put pictures of the windows there."),
+                QStringLiteral("DIR"));
+    parser->add(QStringLiteral("interactive"),
+                QStringLiteral("Open the windows side by side for people to play with, and end when all are closed."));
+}
+
+} // namespace
+
+directoroptions readDirectorOptions(programoptions* parser, const QStringList& arguments, const QString& ownDirectory)
+{
+    directoroptions options;
+    declare(parser);
+    if (!parser->parse(arguments))
+        return options;
+    options.props.programs = ownDirectory;
+    options.props.plugin = parser->text(QStringLiteral("plugin"));
+    options.scripts = parser->texts(QStringLiteral("script"));
+    options.interactive = parser->isSet(QStringLiteral("interactive"));
+    if (parser->isSet(QStringLiteral("players")))
+        options.players = parser->number(QStringLiteral("players"), 1, mostPlayers);
+    options.screenshots = parser->text(QStringLiteral("screenshots"));
+    if (options.props.plugin.isEmpty())
+        parser->fail(QStringLiteral("Option --plugin is needed: the library that the clients load."));
+    else if (!QFileInfo(options.props.plugin).isFile())
+        parser->fail(QStringLiteral("There is no plugin '%1'.").arg(options.props.plugin));
+    for (const QString& script : qAsConst(options.scripts)) {
+        if (scriptText(script).isNull())
+            parser->fail(QStringLiteral("There is no script '%1'.").arg(script));
+    }
+    if (!options.screenshots.isEmpty() && !parser->failed()) {
+        options.screenshots = QDir(options.screenshots).absolutePath();
+        if (!QDir().mkpath(options.screenshots))
+            parser->fail(QStringLiteral("Cannot write into '%1'.").arg(options.screenshots));
+    }
+    return options;
+}
+
+QStringList ownScripts()
+{
+    return {QStringLiteral("road"), QStringLiteral("tools"), QStringLiteral("picture"), QStringLiteral("lobby")};
+}
+
+QString scriptText(const QString& nameOrFile)
+{
+    QFile file(ownScripts().contains(nameOrFile) ? QStringLiteral(":/scripts/%1.play").arg(nameOrFile) : nameOrFile);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}

@@ -1,0 +1,203 @@
+#include "performance.h"
+
+#include "picturecompare.h"
+
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTextStream>
+#include <QTimer>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int settleTime = 20 * 1000; // milliseconds
+constexpr int settlePoll = 20;
+
+void say(const QString& line)
+{
+    QTextStream(stdout) << line << '\n';
+    std::fflush(stdout);
+}
+
+void pause(int milliseconds)
+{
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+QMap<int, int> countsIn(const QJsonObject& object)
+{
+    QMap<int, int> counts;
+    for (auto entry = object.begin(); entry != object.end(); ++entry)
+        counts.insert(entry.key().toInt(), entry.value().toInt());
+    return counts;
+}
+
+} // namespace
+
+performance::performance(const playscript& script, stage* boards, const QString& shots, QObject* parent)
+    : QObject(parent)
+    , script(script)
+    , boards(boards)
+    , shots(shots)
+{
+}
+
+bool performance::play()
+{
+    if (!raiseCurtain())
+        return false;
+    for (const scriptstep& step : script.steps) {
+        if (!perform(step)) {
+            failure = QStringLiteral("Line %1: %2").arg(step.line).arg(failure);
+            return false;
+        }
+    }
+    return settle();
+}
+
+bool performance::raiseCurtain()
+{
+    if (!boards->startServer(&failure))
+        return false;
+    for (int i = 0; i < script.players.size(); ++i) {
+        if (!boards->startClient(script.players.at(i), boards->placeFor(i, script.players.size()), &failure))
+            return false;
+        table.note(script.players.at(i).name, QString());
+    }
+    return true;
+}
+
+bool performance::perform(const scriptstep& step)
+{
+    switch (step.kind) {
+    case stepkind::note:
+        say(QStringLiteral("  - ") + step.text);
+        return true;
+    case stepkind::server:
+        return boards->server()->ask(step.text) || fail(boards->server()->problem());
+    case stepkind::command:
+        return command(step);
+    case stepkind::settle:
+        return settle();
+    case stepkind::same:
+        return compare(step.who);
+    case stepkind::place:
+        return place(step.text);
+    }
+    return false;
+}
+
+bool performance::command(const scriptstep& step)
+{
+    const QVector<playedprocess*> speakers = players(step.who);
+    for (playedprocess* speaker : speakers) {
+        const QVector<playedprocess*> about =
+            step.whom.isEmpty() ? QVector<playedprocess*>{speaker} : players(step.whom);
+        for (const playedprocess* one : about) {
+            QString text = step.text;
+            text.replace(QStringLiteral("{name}"), one->name());
+            text.replace(QStringLiteral("{shots}"), shots);
+            if (!tell(step, speaker, text))
+                return false;
+        }
+    }
+    return true;
+}
+
+bool performance::tell(const scriptstep& step, playedprocess* player, const QString& text)
+{
+    table.note(player->name(), text);
+    const std::optional<QString> answer = player->ask(text);
+    if (!answer)
+        return fail(QStringLiteral("%1: %2: %3").arg(player->name(), text, player->problem()));
+    if (step.expected && !answer->contains(*step.expected))
+        return fail(QStringLiteral("%1: %2 gave '%3', not '%4'").arg(player->name(), text, *answer, *step.expected));
+    return true;
+}
+
+bool performance::settle()
+{
+    QElapsedTimer clock;
+    clock.start();
+    while (readCounts()) {
+        if (table.isBalanced())
+            return true;
+        if (clock.elapsed() > settleTime)
+            return fail(QStringLiteral("not everything that was sent has arrived"));
+        pause(settlePoll);
+    }
+    return false;
+}
+
+bool performance::compare(const QString& who)
+{
+    if (!settle())
+        return false;
+    QStringList files;
+    QStringList names;
+    const QVector<playedprocess*> painters = players(who);
+    for (playedprocess* painter : painters) {
+        names.append(painter->name());
+        files.append(QStringLiteral("%1/picture-%2.png").arg(shots, painter->name()));
+        if (!painter->ask(QStringLiteral("picture ") + files.last()))
+            return fail(QStringLiteral("%1: %2").arg(painter->name(), painter->problem()));
+    }
+    int worst = 0;
+    for (int i = 1; i < files.size() && worst >= 0; ++i) {
+        const int different = differentPixels(files.first(), files.at(i));
+        worst = different < 0 ? different : qMax(worst, different);
+    }
+    table.addComparison(names, worst);
+    return worst == 0 || fail(QStringLiteral("the pictures of %1 differ").arg(names.join(QStringLiteral(", "))));
+}
+
+bool performance::place(const QString& window)
+{
+    int index = 0;
+    for (const auto& player : boards->clients()) {
+        const QRect at = boards->placeFor(index++, int(boards->clients().size()));
+        const QString command =
+            QStringLiteral("place %1 %2,%3,%4,%5").arg(window).arg(at.x()).arg(at.y()).arg(at.width()).arg(at.height());
+        const std::optional<QString> titles = player->ask(QStringLiteral("windows ") + window);
+        if (titles && !titles->isEmpty() && !player->ask(command))
+            return fail(QStringLiteral("%1: %2").arg(player->name(), player->problem()));
+    }
+    return true;
+}
+
+bool performance::readCounts()
+{
+    for (const auto& player : boards->clients()) {
+        const std::optional<QString> answer = player->ask(QStringLiteral("counts"));
+        if (!answer)
+            return fail(QStringLiteral("%1: %2").arg(player->name(), player->problem()));
+        const QJsonObject counts = QJsonDocument::fromJson(answer->toUtf8()).object();
+        table.setCounts(player->name(), countsIn(counts.value(QStringLiteral("sent")).toObject()),
+                        countsIn(counts.value(QStringLiteral("received")).toObject()));
+    }
+    return true;
+}
+
+QVector<playedprocess*> performance::players(const QString& who) const
+{
+    QVector<playedprocess*> found;
+    const QStringList names = who.split(QLatin1Char(' '));
+    for (const auto& player : boards->clients()) {
+        const bool isFirst = player == boards->clients().front();
+        if (who == QLatin1String("all") || names.contains(player->name())
+            || (who == QLatin1String("guests") && !isFirst))
+            found.append(player.get());
+    }
+    return found;
+}
+
+bool performance::fail(const QString& reason)
+{
+    failure = reason;
+    return false;
+}
