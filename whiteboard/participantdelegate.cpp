@@ -24,6 +24,7 @@ QString participantdelegate::displayText(const QVariant& value, const QLocale&) 
 
 QSize participantdelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
-    // No width of its own: a row is as wide as the list, and the text is cut to that.
-    return {0, QStyledItemDelegate::sizeHint(option, index).height()};
+    // No width of its own: a row is as wide as the list, and the text is cut to that. Room for an icon from the start,
+    // so that no row moves when one comes.
+    return {0, qMax(QStyledItemDelegate::sizeHint(option, index).height(), option.decorationSize.height() + 2)};
 }

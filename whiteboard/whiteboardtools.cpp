@@ -27,6 +27,26 @@ const whiteboard::toolentry whiteboard::tools[8] = {
     {kelvortool::fill, &whiteboard::fillbutton, &whiteboard::onFillButtonClicked, "fill", "Fill"},
 };
 
+namespace {
+
+// The tool in use is to be plain to see, and in a dark palette the style's own sunken look is not: its button is tinted
+// half-way to the colour of selections, on which the icon can still be told.
+void showInUse(QToolButton* button)
+{
+    button->setPalette(QPalette());
+    if (!button->isChecked())
+        return;
+    QPalette tinted = button->palette();
+    const QColor plain = tinted.color(QPalette::Button);
+    const QColor selected = tinted.color(QPalette::Highlight);
+    tinted.setColor(QPalette::Button,
+                    QColor((plain.red() + selected.red()) / 2, (plain.green() + selected.green()) / 2,
+                           (plain.blue() + selected.blue()) / 2));
+    button->setPalette(tinted);
+}
+
+} // namespace
+
 void whiteboard::buildToolBar()
 {
     toolbar = new QToolBar(this);
@@ -46,11 +66,11 @@ void whiteboard::buildToolBar()
 // A click on the tool in use puts it away. No button group: in one, a button cannot be switched off again.
 void whiteboard::toolToggled(kelvortool tool, bool checked)
 {
-    if (checked) {
-        for (const toolentry& entry : tools) {
-            if (entry.tool != tool)
-                (this->*entry.button)->setChecked(false);
-        }
+    for (const toolentry& entry : tools) {
+        QToolButton* button = this->*entry.button;
+        if (checked && entry.tool != tool)
+            button->setChecked(false);
+        showInUse(button);
     }
     currentTool = checked ? tool : kelvortool::notool;
     scene->setTool(currentTool);

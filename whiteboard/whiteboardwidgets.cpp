@@ -109,6 +109,9 @@ void whiteboard::buildThicknessWidgets()
     thicknessspin->setRange(0.1, 200.0);
     thicknessspin->setSingleStep(0.1);
     thicknessspin->setValue(1.0);
+    // A value counts once it is typed: after each digit the slider's echo would rewrite the text under the cursor, and
+    // 5.5 would come out as 55.
+    thicknessspin->setKeyboardTracking(false);
     thicknessspin->setToolTip(toolTip);
     thicknessspin->setAccessibleName(toolTip);
     actionbar->addWidget(thicknessspin);

@@ -22,6 +22,7 @@ private slots:
     void messageAfterTheHostWindowClosedReachesNobody();
     void closingSaysLogoutOnce_data();
     void closingSaysLogoutOnce();
+    void escapeOnTheCanvasDoesNotClose();
     void closingAloneSendsNothing();
     void controllersEndSaysLogoutButNotClosed();
     void openTextGoesOutBeforeTheFarewell();
@@ -152,6 +153,15 @@ void tst_whiteboardleaving::closingSaysLogoutOnce()
     QCOMPARE(sent.size(), 1);
     QCOMPARE(sent[0].text, QByteArray("\x12 1"));
     QCOMPARE(sent[0].targets, (QList<anyID>{3, 2}));
+}
+
+void tst_whiteboardleaving::escapeOnTheCanvasDoesNotClose()
+{
+    const QPointer<whiteboard> window = fixture->openHost({2});
+    QTest::keyClick(canvasOf(window), Qt::Key_Escape);
+    QTest::keyClick(canvasOf(window), Qt::Key_Return);
+    QVERIFY(window->isVisible());
+    QVERIFY(fixture->controller.closed.isEmpty());
 }
 
 void tst_whiteboardleaving::closingAloneSendsNothing()

@@ -29,11 +29,15 @@ private slots:
     void toolButtonChoosesItsTool();
     void toolButtonUnchecksTheOthers();
     void clickOnTheCheckedToolPutsItAway();
+    void toolInUseIsPlainToSee_data();
+    void toolInUseIsPlainToSee();
     void airbrushIsASlotWithoutAButton();
     void thicknessWidgetsShowOneValue_data();
     void thicknessWidgetsShowOneValue();
     void thicknessEchoTruncates_data();
     void thicknessEchoTruncates();
+    void thicknessCanBeTyped_data();
+    void thicknessCanBeTyped();
     void thicknessReachesTheCanvas();
     void effectsAreAppliedAndSent_data();
     void effectsAreAppliedAndSent();
@@ -107,6 +111,30 @@ void tst_whiteboardtools::clickOnTheCheckedToolPutsItAway()
     QCOMPARE(canvasOf(window)->cursor().shape(), Qt::ArrowCursor);
 }
 
+void tst_whiteboardtools::toolInUseIsPlainToSee_data()
+{
+    QTest::addColumn<QColor>("background");
+    QTest::newRow("light") << QColor(240, 240, 240);
+    QTest::newRow("dark") << QColor(50, 50, 50);
+}
+
+void tst_whiteboardtools::toolInUseIsPlainToSee()
+{
+    QFETCH(QColor, background);
+    QPalette palette(background);
+    palette.setColor(QPalette::Highlight, QColor(48, 140, 198));
+    whiteboard* window = fixture->openHost({2});
+    window->setPalette(palette);
+    QVERIFY(QTest::qWaitForWindowExposed(window));
+    QTest::mouseClick(toolButton(window, "Pencil"), Qt::LeftButton);
+    // Beside the icons.
+    const QColor inUse(window->grab().toImage().pixel(toolButton(window, "Pencil")->mapTo(window, QPoint(4, 4))));
+    const QColor idle(window->grab().toImage().pixel(toolButton(window, "Line")->mapTo(window, QPoint(4, 4))));
+    QVERIFY(qAbs(inUse.red() - idle.red()) + qAbs(inUse.blue() - idle.blue()) > 50);
+    QTest::mouseClick(toolButton(window, "Pencil"), Qt::LeftButton);
+    QVERIFY(!toolButton(window, "Pencil")->testAttribute(Qt::WA_SetPalette));
+}
+
 void tst_whiteboardtools::airbrushIsASlotWithoutAButton()
 {
     whiteboard* window = fixture->openHost({2});
@@ -177,6 +205,32 @@ void tst_whiteboardtools::thicknessEchoTruncates()
     QCOMPARE(spin->value(), units);
     emit canvasOf(window)->paintDataAvailable(kelvortool::clear, {});
     QCOMPARE(fixture->host.takeTexts(), QList<QByteArray>{"\x11 1 \x06 #000000 " + QByteArray::number(units)});
+}
+
+void tst_whiteboardtools::thicknessCanBeTyped_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QByteArray>("thick");
+    QTest::newRow("fraction") << "5.5" << QByteArray("5.5");
+    QTest::newRow("more digits than count") << "12.37" << QByteArray("12.3");
+    QTest::newRow("whole") << "150" << QByteArray("150");
+}
+
+void tst_whiteboardtools::thicknessCanBeTyped()
+{
+    QFETCH(QString, typed);
+    QFETCH(QByteArray, thick);
+    whiteboard* window = fixture->openHost({2});
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window));
+    QTest::mouseClick(toolButton(window, "Pencil"), Qt::LeftButton);
+    auto* spin = window->findChild<QDoubleSpinBox*>();
+    spin->setFocus();
+    spin->selectAll();
+    QTest::keyClicks(spin, typed);
+    // The click on the canvas takes the focus away and so ends the typing, before the stroke begins.
+    QTest::mouseClick(canvasOf(window), Qt::LeftButton, Qt::NoModifier, {40, 40});
+    QCOMPARE(fixture->host.takeTexts(), QList<QByteArray>{"\x11 1 \x02 #000000 " + thick + " 40|40 40|40"});
 }
 
 void tst_whiteboardtools::thicknessReachesTheCanvas()
