@@ -15,6 +15,7 @@ namespace {
 
 constexpr int settleTime = 20 * 1000; // milliseconds
 constexpr int settlePoll = 20;
+constexpr int tallestWindow = 460; // pixels: room for the pictures of the scripts, and little else
 
 void say(const QString& line)
 {
@@ -86,6 +87,8 @@ bool performance::perform(const scriptstep& step)
         return settle();
     case stepkind::same:
         return compare(step.who);
+    case stepkind::equal:
+        return compareFiles(withShots(step.text));
     case stepkind::place:
         return place(step.text);
     }
@@ -99,9 +102,8 @@ bool performance::command(const scriptstep& step)
         const QVector<playedprocess*> about =
             step.whom.isEmpty() ? QVector<playedprocess*>{speaker} : players(step.whom);
         for (const playedprocess* one : about) {
-            QString text = step.text;
+            QString text = withShots(step.text);
             text.replace(QStringLiteral("{name}"), one->name());
-            text.replace(QStringLiteral("{shots}"), shots);
             if (!tell(step, speaker, text))
                 return false;
         }
@@ -156,11 +158,24 @@ bool performance::compare(const QString& who)
     return worst == 0 || fail(QStringLiteral("the pictures of %1 differ").arg(names.join(QStringLiteral(", "))));
 }
 
+bool performance::compareFiles(const QString& files)
+{
+    const QString one = files.section(QLatin1Char(' '), 0, 0);
+    const QString other = files.section(QLatin1Char(' '), 1);
+    return differentPixels(one, other) == 0 || fail(QStringLiteral("%1 and %2 differ").arg(one, other));
+}
+
+QString performance::withShots(const QString& text) const
+{
+    return QString(text).replace(QStringLiteral("{shots}"), shots);
+}
+
 bool performance::place(const QString& window)
 {
     int index = 0;
     for (const auto& player : boards->clients()) {
-        const QRect at = boards->placeFor(index++, int(boards->clients().size()));
+        QRect at = boards->placeFor(index++, int(boards->clients().size()));
+        at.setHeight(qMin(at.height(), tallestWindow));
         const QString command =
             QStringLiteral("place %1 %2,%3,%4,%5").arg(window).arg(at.x()).arg(at.y()).arg(at.width()).arg(at.height());
         const std::optional<QString> titles = player->ask(QStringLiteral("windows ") + window);

@@ -27,6 +27,8 @@ private:
     bool tell(const scriptstep& step, playedprocess* player, const QString& text);
     bool settle();
     bool compare(const QString& who);
+    bool compareFiles(const QString& files);
+    QString withShots(const QString& text) const;
     bool place(const QString& window);
     bool readCounts();
     QVector<playedprocess*> players(const QString& who) const;

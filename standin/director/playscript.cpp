@@ -57,6 +57,8 @@ QString scriptreader::read(const QString& line, int number)
         add(stepkind::note, number, rest);
     else if (word == QLatin1String("settle"))
         add(stepkind::settle, number, rest);
+    else if (word == QLatin1String("equal"))
+        add(stepkind::equal, number, rest);
     else if (word == QLatin1String("place"))
         add(stepkind::place, number, rest);
     else if (word == QLatin1String("server:"))

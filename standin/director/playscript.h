@@ -13,6 +13,7 @@ enum class stepkind {
     command, ///< who, whom, text: a command to players
     settle, ///< everything that was sent has arrived
     same, ///< who: their pictures are equal, pixel for pixel
+    equal, ///< text: two files of pictures are equal
     place, ///< text: a kind of window, put side by side, each player's in a place of its own
 };
 
@@ -47,6 +48,7 @@ struct scriptplayer {
 ///     Bob: question => Do you want to accept?
 ///     settle
 ///     same all
+///     equal {shots}/saved-Alice.png {shots}/saved-Bob.png
 ///     place whiteboard
 struct playscript {
     QString title;

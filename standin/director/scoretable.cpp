@@ -65,7 +65,12 @@ void scoretable::note(const QString& player, const QString& command)
 
 void scoretable::addComparison(const QStringList& names, int differentPixels)
 {
-    comparisons.append({names, differentPixels});
+    const bool goesOn = !comparisons.isEmpty() && comparisons.last().names == names
+        && comparisons.last().differentPixels == 0 && differentPixels == 0;
+    if (goesOn)
+        ++comparisons.last().times;
+    else
+        comparisons.append({names, differentPixels, 1});
 }
 
 void scoretable::setCounts(const QString& player, const QMap<int, int>& sent, const QMap<int, int>& received)
@@ -106,7 +111,7 @@ QString scoretable::print() const
     }
     for (const comparison& one : comparisons) {
         const QString verdict = one.differentPixels == 0
-            ? QStringLiteral("equal")
+            ? QStringLiteral("equal, compared %1 times").arg(one.times)
             : QStringLiteral("DIFFERENT in %1 pixels").arg(one.differentPixels);
         text += QStringLiteral("  pictures of %1: %2\n").arg(one.names.join(QStringLiteral(", ")), verdict);
     }

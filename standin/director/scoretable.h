@@ -26,7 +26,8 @@ private:
     };
     struct comparison {
         QStringList names;
-        int differentPixels = 0;
+        int differentPixels = 0; ///< -1 when the sizes differ
+        int times = 0; ///< how often in a row they were found equal
     };
 
     int total(int kind, QMap<int, int> traffic::*direction) const;

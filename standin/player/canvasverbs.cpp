@@ -75,8 +75,10 @@ playoutcome mouse(const playrequest& request, bool press, bool release)
 
 void postKey(QWidget* target, int key, const QString& text)
 {
-    QApplication::postEvent(target, new QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier, text));
-    QApplication::postEvent(target, new QKeyEvent(QEvent::KeyRelease, key, Qt::NoModifier, text));
+    const bool capital = !text.isEmpty() && text.at(0).isUpper();
+    const Qt::KeyboardModifiers held = capital ? Qt::ShiftModifier : Qt::NoModifier;
+    QApplication::postEvent(target, new QKeyEvent(QEvent::KeyPress, key, held, text));
+    QApplication::postEvent(target, new QKeyEvent(QEvent::KeyRelease, key, held, text));
 }
 
 // type TEXT

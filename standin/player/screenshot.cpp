@@ -1,6 +1,6 @@
 #include "screenshot.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QPixmap>
 #include <QScreen>
 #include <QWidget>
@@ -9,14 +9,21 @@ namespace screenshot {
 
 QSize screenSize() { return QGuiApplication::primaryScreen()->availableSize(); }
 
-QImage ofScreen() { return QGuiApplication::primaryScreen()->grabWindow(0).toImage(); }
+bool canReadScreen() { return QGuiApplication::platformName() == QLatin1String("xcb"); }
+
+QImage ofScreen()
+{
+    const QImage picture = canReadScreen() ? QGuiApplication::primaryScreen()->grabWindow(0).toImage() : QImage();
+    QWidget* const front =
+        QApplication::activeWindow() ? QApplication::activeWindow() : QApplication::topLevelWidgets().value(0);
+    return picture.isNull() && front ? ofWindow(front) : picture;
+}
 
 QImage ofWindow(QWidget* window)
 {
     QScreen* const screen = QGuiApplication::primaryScreen();
     QImage picture;
-    // Only an X screen can be read; elsewhere the toolkit warns and gives nothing.
-    if (QGuiApplication::platformName() == QLatin1String("xcb")) {
+    if (canReadScreen()) {
         const QRect frame = window->frameGeometry().intersected(screen->geometry());
         picture = screen->grabWindow(0, frame.x(), frame.y(), frame.width(), frame.height()).toImage();
     }

@@ -9,6 +9,9 @@ class QWidget;
 namespace screenshot {
 
 QSize screenSize();
+/// Only an X screen can be read: elsewhere the toolkit gives nothing, and windows paint themselves for the pictures.
+bool canReadScreen();
+/// Where the screen cannot be read, the window in front.
 QImage ofScreen();
 /// With the window manager's frame. Where the screen cannot be read, the window's own rendering.
 QImage ofWindow(QWidget* window);

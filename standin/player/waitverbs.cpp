@@ -39,6 +39,15 @@ verdict rowShown(const playrequest&, QStringList words)
             QStringLiteral("row '%1' with '%2', which has '%3'").arg(words.value(0), tip, row.toolTip())};
 }
 
+// text TEXT in WINDOW: on a label or a status bar of it
+verdict textShown(const playrequest&, const QStringList& words)
+{
+    QWidget* const window = windowfinder::window(words.value(2));
+    const QString wanted = words.value(0);
+    return {window && windowfinder::texts(window).join(QLatin1Char('\n')).contains(wanted),
+            QStringLiteral("text '%1'").arg(wanted)};
+}
+
 // pixel X,Y COLOUR
 verdict pixelShown(const playrequest&, const QStringList& words)
 {
@@ -96,6 +105,7 @@ playoutcome wait(playrequest& request)
         {QStringLiteral("row"),
          [](const playrequest& asked, const QStringList& words) { return rowShown(asked, words); }},
         {QStringLiteral("pixel"), pixelShown},
+        {QStringLiteral("text"), textShown},
         {QStringLiteral("line"), lineShown},
         {QStringLiteral("client"), clientThere},
         {QStringLiteral("connected"), connected},

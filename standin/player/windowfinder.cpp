@@ -3,6 +3,8 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QLabel>
+#include <QStatusBar>
 
 namespace {
 
@@ -86,6 +88,18 @@ QAction* action(QWidget* window, const QString& wanted)
             return one;
     }
     return nullptr;
+}
+
+QStringList texts(const QWidget* window)
+{
+    QStringList found;
+    const QList<QLabel*> labels = window->findChildren<QLabel*>();
+    for (const QLabel* label : labels)
+        found.append(label->text());
+    const QList<QStatusBar*> bars = window->findChildren<QStatusBar*>();
+    for (const QStatusBar* bar : bars)
+        found.append(bar->currentMessage());
+    return found;
 }
 
 QString plain(const QString& text)

@@ -24,6 +24,9 @@ QWidget* button(QWidget* window, const QString& wanted);
 /// An enabled action of the window's bars and menus by its text or tool tip.
 QAction* action(QWidget* window, const QString& wanted);
 
+/// What stands on the labels and status bars of a window.
+QStringList texts(const QWidget* window);
+
 /// A text without the marks of keyboard shortcuts.
 QString plain(const QString& text);
 

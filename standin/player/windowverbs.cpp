@@ -111,7 +111,7 @@ playoutcome shot(playrequest& request)
         return playWaiting(QStringLiteral("no window '%1'").arg(wanted));
     if (request.phase == 0) {
         last = QImage();
-        if (window)
+        if (window && screenshot::canReadScreen())
             QMetaObject::invokeMethod(window, "raise", Qt::QueuedConnection);
         return playAgain();
     }
