@@ -17,15 +17,17 @@ const QRgb* pixelsOf(const QImage& layer, int x, int y)
 /// Rows of a band by the toolkit's own mixing.
 void paintRows(QImage& band, int first, int last, const QPoint& origin, const QImage& background, const QImage& canvas)
 {
-    QPainter painter(&band);
-    painter.setClipRect(0, first, band.width(), last - first + 1);
-    painter.setCompositionMode(QPainter::CompositionMode_Source);
-    painter.fillRect(band.rect(), band.hasAlphaChannel() ? Qt::transparent : Qt::white);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-    painter.translate(-origin);
+    // Two layers are mixed on an image with an alpha channel, as in the file: the toolkit rounds differently without.
+    const QImage::Format format = background.isNull() ? band.format() : QImage::Format_ARGB32;
+    QImage rows(band.scanLine(first), band.width(), last - first + 1, band.bytesPerLine(), format);
+    rows.fill(band.hasAlphaChannel() ? Qt::transparent : Qt::white);
+    QPainter painter(&rows);
+    painter.translate(-origin - QPoint(0, first));
     if (!background.isNull()) {
+        painter.setCompositionMode(QPainter::CompositionMode_Source);
         // The picture is what the canvas covers; a larger background is cut to it.
         painter.drawImage(QPoint(), background, canvas.rect());
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     }
     painter.drawImage(QPoint(), canvas);
 }

@@ -95,7 +95,7 @@ private:
 
     void paintExposed(QPainter& screen, const QRect& exposed);
     bool hasOverlay() const;
-    void drawOverlay(QImage& band, const QPoint& origin);
+    void drawOverlay(QImage& slice, const QPoint& origin);
 
     void clearAll();
     void applyEffect(effects::effect kind, kelvortool message, bool send, const QString& data);

@@ -25,15 +25,16 @@ void paintscene::paintExposed(QPainter& screen, const QRect& exposed)
     QImage band(exposed.width(), rows, seeThrough ? QImage::Format_ARGB32 : QImage::Format_RGB32);
     for (int top = exposed.top(); top <= exposed.bottom(); top += rows) {
         const QRect part(exposed.left(), top, exposed.width(), qMin(rows, exposed.bottom() - top + 1));
-        layers::compose(band, part.topLeft(), background, canvas);
+        QImage slice(band.bits(), part.width(), part.height(), band.bytesPerLine(), band.format());
+        layers::compose(slice, part.topLeft(), background, canvas);
         if (overlaid) {
-            drawOverlay(band, part.topLeft());
+            drawOverlay(slice, part.topLeft());
         }
         if (seeThrough) {
             // The toolkit leaves the widget's own background out for a widget that paints all of itself.
             screen.fillRect(part, Qt::white);
         }
-        screen.drawImage(part.topLeft(), band, QRect(QPoint(), part.size()));
+        screen.drawImage(part.topLeft(), slice);
     }
 }
 
@@ -43,9 +44,9 @@ bool paintscene::hasOverlay() const
     return row && row->overlay && !canvas.isNull();
 }
 
-void paintscene::drawOverlay(QImage& band, const QPoint& origin)
+void paintscene::drawOverlay(QImage& slice, const QPoint& origin)
 {
-    QImage view(band.bits(), band.width(), band.height(), band.bytesPerLine(), QImage::Format_ARGB32);
+    QImage view(slice.bits(), slice.width(), slice.height(), slice.bytesPerLine(), QImage::Format_ARGB32);
     QPainter painter(&view);
     painter.translate(-origin);
     if (hasBackground) {
