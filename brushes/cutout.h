@@ -5,8 +5,8 @@
 
 class QPainter;
 
-/// The pixels of an area, copied out of a picture to be drawn elsewhere. Outside the picture the area is transparent
-/// and draws nothing; that part is not held, so that the cost is bounded by the picture however far the area reaches.
+/// The pixels of an area, copied out of a picture to be drawn elsewhere. Outside the picture the area is transparent;
+/// that part is not held, so that the cost is bounded by the picture however far the area reaches.
 class cutout {
 public:
     cutout() = default;
@@ -18,7 +18,8 @@ public:
     qint64 width() const { return areaWidth; }
     qint64 height() const { return areaHeight; }
 
-    /// Draws the pixels with the area's first corner at this place.
+    /// Draws the area with its first corner at this place. The transparent part is drawn as well: the toolkit changes
+    /// pixels below it that are not opaque.
     void draw(QPainter* painter, qint64 left, qint64 top) const;
 
 private:

@@ -9,9 +9,9 @@ namespace {
 void prepare(QPainter* painter, qreal thick, bool opaque)
 {
     if (opaque) {
-        painter->setPen(strokes::pen(QColor(Qt::white), thick));
+        strokes::setPen(painter, QColor(Qt::white), thick);
     } else {
-        painter->setPen(strokes::pen(QBrush(Qt::transparent, Qt::SolidPattern), thick));
+        strokes::setPen(painter, QBrush(Qt::transparent, Qt::SolidPattern), thick);
         painter->setCompositionMode(QPainter::CompositionMode_Clear);
     }
 }

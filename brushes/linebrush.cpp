@@ -6,7 +6,7 @@ namespace {
 
 void drawStraight(QPainter* painter, const QColor& color, qreal thick, const QPoint& from, const QPoint& to)
 {
-    painter->setPen(strokes::pen(color, thick));
+    strokes::setPen(painter, color, thick);
     painter->drawLine(from, to);
 }
 

@@ -7,7 +7,7 @@ bool pencilbrush::mousePress(QPainter* painter, int button, QPoint pos, QColor c
 {
     if (button != Qt::LeftButton)
         return false;
-    painter->setPen(strokes::pen(color, thick));
+    strokes::setPen(painter, color, thick);
     strokepath::drawDot(painter, pos);
     lastPoint = pos;
     *recordPoint = true;
@@ -28,7 +28,7 @@ bool pencilbrush::mouseRelease(QPainter* painter, int button, QPoint pos, QColor
 {
     if (button != Qt::LeftButton)
         return false;
-    painter->setPen(strokes::pen(color, thick));
+    strokes::setPen(painter, color, thick);
     strokepath::drawStep(painter, pos, QLine(lastPoint, pos));
     *recordPoint = true;
     return true;
@@ -36,7 +36,7 @@ bool pencilbrush::mouseRelease(QPainter* painter, int button, QPoint pos, QColor
 
 void pencilbrush::replay(QPainter* painter, QColor color, qreal thick, QList<QPoint> points)
 {
-    painter->setPen(strokes::pen(color, thick));
+    strokes::setPen(painter, color, thick);
     strokepath::drawPath(painter, points);
 }
 

@@ -86,6 +86,6 @@ void shapebrush::replay(QPainter* painter, QColor color, qreal thick, QList<QPoi
 
 void shapebrush::drawShape(QPainter* painter, const QColor& color, qreal thick, QPoint from, QPoint to, bool regular)
 {
-    painter->setPen(strokes::pen(color, thick));
+    strokes::setPen(painter, color, thick);
     draw(painter, regular ? regularShape(from, to) : QRect(from, to));
 }

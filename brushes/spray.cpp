@@ -1,24 +1,115 @@
 #include "spray.h"
 
 #include "discchain.h"
+#include "discshape.h"
+#include "spraycoverage.h"
+#include "spraylayers.h"
+#include "strokes.h"
 
 #include <QBrush>
+#include <QImage>
 #include <QPainter>
-#include <QRect>
+#include <QVector>
 
+#include <algorithm>
 #include <cstdlib>
+#include <vector>
 
 namespace {
 
-void drawSegment(QPainter* painter, qreal thick, const discchain& chain)
+constexpr std::size_t patternCount = 7;
+
+/// Up to this many pixels, overlaps counted, discs are painted one after the other; that takes some 50 ms.
+constexpr double mostDiscPixels = 1e7;
+
+struct segment {
+    std::size_t pattern;
+    discchain chain;
+};
+
+QBrush patternBrush(const QColor& color, std::size_t pattern)
 {
-    const qreal half = thick * 0.5;
-    const int extent = int(thick) - 1;
-    for (qint64 i = 0; i < chain.count(); ++i) {
-        const QPoint center = chain.at(i);
-        const QPoint corner(int(center.x() - half), int(center.y() - half));
-        painter->drawEllipse(QRect(corner, corner + QPoint(extent, extent)));
+    return QBrush(color, static_cast<Qt::BrushStyle>(Qt::Dense1Pattern + static_cast<int>(pattern)));
+}
+
+/// A pattern is drawn for each segment, also for one that paints nothing: those that follow hang on the sequence. The
+/// generator is never seeded.
+std::vector<segment> segmentsOf(const QList<QPoint>& points)
+{
+    std::vector<segment> segments;
+    for (int i = 1; i < points.size(); ++i) {
+        const std::size_t pattern = static_cast<std::size_t>(std::rand()) % patternCount;
+        segments.push_back({pattern, discchain(points.at(i - 1), points.at(i))});
     }
+    return segments;
+}
+
+/// The pixels that painting each disc would take.
+double discPixels(const QRect& picture, const discshape& shape, const std::vector<segment>& segments)
+{
+    const double across = std::min(shape.size(), picture.width());
+    const double down = std::min(shape.size(), picture.height());
+    double discs = 0;
+    for (const segment& each : segments) {
+        const discchain::range touching = each.chain.inside(shape.reachOf(picture));
+        discs += static_cast<double>(std::max<qint64>(touching.last - touching.first, 0));
+    }
+    return discs * across * down;
+}
+
+bool isOpaqueOrClear(QRgb pixel) { return qAlpha(pixel) == 0xff || qAlpha(pixel) == 0; }
+
+/// Whether painting over these pixels twice gives what painting once gives. The holes of a pattern are painted too, as
+/// a colour without alpha, and each time the toolkit rounds the pixels below anew.
+bool keepsStill(const QImage* picture, const QVector<QRect>& rectangles)
+{
+    return picture && std::all_of(rectangles.begin(), rectangles.end(), [picture](const QRect& row) {
+               const auto* pixels = reinterpret_cast<const QRgb*>(picture->constScanLine(row.top())) + row.left();
+               return std::all_of(pixels, pixels + row.width(), isOpaqueOrClear);
+           });
+}
+
+void drawDiscs(QPainter* painter, const discshape& shape, const discchain& chain)
+{
+    const discchain::range discs = chain.inside(shape.reachOf(strokes::pictureRect(painter)));
+    for (qint64 i = discs.first; i < discs.last; ++i)
+        painter->drawEllipse(shape.boxAround(chain.at(i)));
+}
+
+/// The part of the picture that a spray along these points may touch.
+QRect areaOf(const QRect& picture, const discshape& shape, const QList<QPoint>& points)
+{
+    const auto [left, right] =
+        std::minmax_element(points.begin(), points.end(), [](QPoint a, QPoint b) { return a.x() < b.x(); });
+    const auto [top, bottom] =
+        std::minmax_element(points.begin(), points.end(), [](QPoint a, QPoint b) { return a.y() < b.y(); });
+    // In the picture's reach first: a rectangle to the edges of 32 bits has no width that fits them.
+    const QRect reach = shape.reachOf(picture);
+    const auto inReach = [&reach](int x, int y) {
+        return QPoint(qBound(reach.left(), x, reach.right()), qBound(reach.top(), y, reach.bottom()));
+    };
+    return shape.reachOf(QRect(inReach(left->x(), top->y()), inReach(right->x(), bottom->y()))).intersected(picture);
+}
+
+/// Paints what an opaque colour covers all at once, each pattern for itself. False when that would not give the pixels
+/// that disc after disc gives; then nothing was painted.
+bool drawTogether(QPainter* painter, const QColor& color, const QRect& area, const discshape& shape,
+                  const std::vector<segment>& segments)
+{
+    std::vector<spraycoverage> covered(patternCount, spraycoverage(area));
+    for (const segment& each : segments)
+        covered[each.pattern].add(shape, each.chain);
+    std::vector<QVector<QRect>> rectangles;
+    for (spraycoverage& each : covered) {
+        rectangles.push_back(each.rectangles());
+        if (!keepsStill(strokes::pictureOf(painter), rectangles.back()))
+            return false;
+    }
+    for (std::size_t pattern = 0; pattern < patternCount; ++pattern) {
+        painter->setBrush(patternBrush(color, pattern));
+        painter->drawRects(rectangles[pattern]);
+    }
+    return true;
 }
 
 } // namespace
@@ -27,10 +118,22 @@ namespace spray {
 
 void drawPath(QPainter* painter, const QColor& color, qreal thick, const QList<QPoint>& points)
 {
+    const discshape shape(thick);
+    const std::vector<segment> segments = segmentsOf(points);
+    if (segments.empty())
+        return;
+    const QRect picture = strokes::pictureRect(painter);
     painter->setPen(Qt::NoPen);
-    for (int i = 1; i < points.size(); ++i) {
-        painter->setBrush(QBrush(color, static_cast<Qt::BrushStyle>(Qt::Dense1Pattern + std::rand() % 7)));
-        drawSegment(painter, thick, discchain(points.at(i - 1), points.at(i)));
+    if (QBrush(color).isOpaque() && drawTogether(painter, color, areaOf(picture, shape, points), shape, segments))
+        return;
+    // In layers some half-transparent pixels come out a shade off, for the toolkit rounds them in groups.
+    const bool few = discPixels(picture, shape, segments) <= mostDiscPixels;
+    for (const segment& each : segments) {
+        painter->setBrush(patternBrush(color, each.pattern));
+        if (few)
+            drawDiscs(painter, shape, each.chain);
+        else
+            drawLayers(painter, shape, each.chain);
     }
 }
 

@@ -1,7 +1,9 @@
 #include "strokes.h"
 
+#include <QImage>
 #include <QPainter>
 #include <QRectF>
+#include <QTransform>
 
 #include <algorithm>
 #include <limits>
@@ -22,6 +24,12 @@ QPen pen(const QBrush& brush, qreal thick, Qt::PenStyle style)
     return QPen(brush, thick, style, Qt::RoundCap, Qt::RoundJoin);
 }
 
+void setPen(QPainter* painter, const QBrush& brush, qreal thick)
+{
+    const bool paints = thick < std::numeric_limits<qreal>::infinity();
+    painter->setPen(paints ? pen(brush, thick) : QPen(Qt::NoPen));
+}
+
 // The name, for Qt::gray is another grey.
 QPen bandPen() { return pen(QColor(QLatin1String("grey")), 1.0, Qt::DotLine); }
 
@@ -37,6 +45,18 @@ void eraseArea(QPainter* painter, const QRect& area, bool opaque)
         painter->setCompositionMode(QPainter::CompositionMode_Clear);
     painter->eraseRect(QRectF(left, top, right - left, bottom - top));
     painter->setCompositionMode(mode);
+}
+
+QRect pictureRect(const QPainter* painter)
+{
+    const QRect device(0, 0, painter->device()->width(), painter->device()->height());
+    return painter->deviceTransform().inverted().mapRect(device);
+}
+
+const QImage* pictureOf(const QPainter* painter)
+{
+    const auto* picture = dynamic_cast<const QImage*>(painter->device());
+    return picture && picture->depth() == 32 ? picture : nullptr;
 }
 
 int saturated(qint64 value)
