@@ -172,15 +172,22 @@ QString performance::withShots(const QString& text) const
 
 bool performance::place(const QString& window)
 {
-    int index = 0;
+    QVector<playedprocess*> having;
     for (const auto& player : boards->clients()) {
-        QRect at = boards->placeFor(index++, int(boards->clients().size()));
-        at.setHeight(qMin(at.height(), tallestWindow));
-        const QString command =
-            QStringLiteral("place %1 %2,%3,%4,%5").arg(window).arg(at.x()).arg(at.y()).arg(at.width()).arg(at.height());
         const std::optional<QString> titles = player->ask(QStringLiteral("windows ") + window);
-        if (titles && !titles->isEmpty() && !player->ask(command))
-            return fail(QStringLiteral("%1: %2").arg(player->name(), player->problem()));
+        if (titles && !titles->isEmpty())
+            having.append(player.get());
+    }
+    for (int i = 0; i < having.size(); ++i) {
+        const QRect at = boards->placeFor(i, having.size());
+        const QString command = QStringLiteral("place %1 %2,%3,%4,%5")
+                                    .arg(window)
+                                    .arg(at.x())
+                                    .arg(at.y())
+                                    .arg(at.width())
+                                    .arg(qMin(at.height(), tallestWindow));
+        if (!having.at(i)->ask(command))
+            return fail(QStringLiteral("%1: %2").arg(having.at(i)->name(), having.at(i)->problem()));
     }
     return true;
 }

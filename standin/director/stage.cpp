@@ -11,6 +11,7 @@ namespace {
 constexpr int titleBar = 30; // pixels that a window manager may put above a window
 constexpr int border = 6;
 const QSize unknownScreen(1366, 768);
+const QSize largestClient(460, 560); // leaves the rest of a place to the plugin's windows
 
 } // namespace
 
@@ -52,22 +53,26 @@ bool stage::startClient(const scriptplayer& player, const QRect& geometry, QStri
                           QStringLiteral("--channel"), player.channel, QStringLiteral("--platform"), player.platform,
                           QStringLiteral("--config"),  config,         QStringLiteral("--play")};
     if (!geometry.isNull()) {
+        const QSize size = geometry.size().boundedTo(largestClient);
         const QStringList numbers{QString::number(geometry.x()), QString::number(geometry.y()),
-                                  QString::number(geometry.width()), QString::number(geometry.height())};
+                                  QString::number(size.width()), QString::number(size.height())};
         arguments += {QStringLiteral("--geometry"), numbers.join(QLatin1Char(','))};
     }
     if (player.hasPlugin)
         arguments += {QStringLiteral("--plugin"), props.plugin};
     if (player.away)
         arguments.append(QStringLiteral("--away"));
-    auto client =
-        std::make_unique<playedprocess>(player.name, props.programs + QStringLiteral("/voiceclient"), arguments);
-    const bool connected = client->ask(QStringLiteral("wait connected")).has_value();
-    if (!connected)
-        *error = QStringLiteral("%1 does not get onto the stage: %2.").arg(player.name, client->problem());
-    connect(client.get(), &playedprocess::finished, this, &stage::clientEnded);
-    voiceClients.push_back(std::move(client));
-    return connected;
+    // On the list before it is waited for, so that an interruption reaches it.
+    voiceClients.push_back(
+        std::make_unique<playedprocess>(player.name, props.programs + QStringLiteral("/voiceclient"), arguments));
+    playedprocess* const client = voiceClients.back().get();
+    connect(client, &playedprocess::finished, this, &stage::clientEnded);
+    if (interrupted)
+        client->interrupt();
+    if (client->ask(QStringLiteral("wait connected")))
+        return true;
+    *error = QStringLiteral("%1 does not get onto the stage: %2.").arg(player.name, client->problem());
+    return false;
 }
 
 bool stage::endAll(QString* error)
@@ -84,6 +89,7 @@ bool stage::endAll(QString* error)
 
 void stage::interrupt()
 {
+    interrupted = true;
     if (voiceServer)
         voiceServer->interrupt();
     for (const auto& client : voiceClients)
@@ -107,7 +113,7 @@ QRect stage::placeFor(int index, int count)
         screen = QSize(size.value(0).toInt(), size.value(1).toInt());
     }
     const QSize whole = screen.isEmpty() ? unknownScreen : screen;
-    const int columns = count <= 3 ? count : int(std::ceil(std::sqrt(double(count))));
+    const int columns = count <= 2 ? count : int(std::ceil(std::sqrt(double(count))));
     const int rows = (count + columns - 1) / columns;
     const int width = whole.width() / columns;
     const int height = whole.height() / rows;

@@ -51,4 +51,5 @@ private:
     std::unique_ptr<playedprocess> voiceServer;
     std::vector<std::unique_ptr<playedprocess>> voiceClients;
     QSize screen;
+    bool interrupted = false;
 };

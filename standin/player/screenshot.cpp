@@ -1,6 +1,8 @@
 #include "screenshot.h"
 
-#include <QApplication>
+#include "windowfinder.h"
+
+#include <QGuiApplication>
 #include <QPixmap>
 #include <QScreen>
 #include <QWidget>
@@ -14,8 +16,7 @@ bool canReadScreen() { return QGuiApplication::platformName() == QLatin1String("
 QImage ofScreen()
 {
     const QImage picture = canReadScreen() ? QGuiApplication::primaryScreen()->grabWindow(0).toImage() : QImage();
-    QWidget* const front =
-        QApplication::activeWindow() ? QApplication::activeWindow() : QApplication::topLevelWidgets().value(0);
+    QWidget* const front = windowfinder::window(QStringLiteral("QWidget"));
     return picture.isNull() && front ? ofWindow(front) : picture;
 }
 

@@ -100,25 +100,27 @@ playoutcome screenSize(playrequest&)
 }
 
 // shot FILE [WINDOW|screen]: as it stands on the screen. The window is brought to the front, and the picture is taken
-// once two in a row are the same, since the window system paints in its own time.
+// once it has stood still for a while, since the window system frames and paints windows in its own time.
 playoutcome shot(playrequest& request)
 {
-    static QImage last;
+    constexpr int stillFor = 8; // tries in a row
     const QString wanted = request.words.size() > 1 ? request.rest(1) : QStringLiteral("any");
     const bool wholeScreen = wanted == QLatin1String("screen");
     QWidget* const window = wholeScreen ? nullptr : windowfinder::window(wanted);
     if (!wholeScreen && !window)
         return playWaiting(QStringLiteral("no window '%1'").arg(wanted));
     if (request.phase == 0) {
-        last = QImage();
         if (window && screenshot::canReadScreen())
             QMetaObject::invokeMethod(window, "raise", Qt::QueuedConnection);
         return playAgain();
     }
     const QImage now = wholeScreen ? screenshot::ofScreen() : screenshot::ofWindow(window);
-    const bool steady = !now.isNull() && now == last;
-    last = now;
-    if (!steady)
+    const QString looks = QString::number(
+        qHash(QByteArray::fromRawData(reinterpret_cast<const char*>(now.constBits()), int(now.sizeInBytes()))));
+    const bool same = request.note.section(QLatin1Char(' '), 0, 0) == looks;
+    const int still = same ? request.note.section(QLatin1Char(' '), 1).toInt() + 1 : 0;
+    request.note = QStringLiteral("%1 %2").arg(looks).arg(still);
+    if (now.isNull() || (still < stillFor && screenshot::canReadScreen()))
         return playWaiting(QStringLiteral("the picture does not come to rest"));
     return now.save(request.word(0), "PNG") ? playDone()
                                             : playFailed(QStringLiteral("cannot write '%1'").arg(request.word(0)));
