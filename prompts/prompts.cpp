@@ -1,6 +1,7 @@
 #include "prompts.h"
 
 #include "heldwindow.h"
+#include "plainline.h"
 
 #include <QColorDialog>
 #include <QFileDialog>
@@ -10,6 +11,19 @@
 #include <QMessageBox>
 
 namespace {
+
+// Characters of a question: far more than it has with ordinary names in it, and a box of few lines still.
+constexpr int longestText = 600;
+// In characters of average width: enough for the longest name that a voice server allows, in its widest letters.
+constexpr int widestLabel = 120;
+
+// The label of an edit, in which a single ampersand would mark a shortcut and not be shown.
+QString promptLabel(const QString& text, const QFontMetrics& metrics)
+{
+    const int widest = widestLabel * metrics.averageCharWidth();
+    QString line = metrics.elidedText(plainLine(text, longestText), Qt::ElideMiddle, widest);
+    return line.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
 
 QString chosenFile(const heldwindow<QFileDialog>& dialog)
 {
@@ -22,7 +36,7 @@ QString chosenFile(const heldwindow<QFileDialog>& dialog)
 bool mayOverwrite(QWidget* parent, const QString& name)
 {
     const QString text =
-        QString::fromLatin1("%1 already exists.\nDo you want to replace it?").arg(QFileInfo(name).fileName());
+        QString::fromLatin1("%1 already exists. Do you want to replace it?").arg(QFileInfo(name).fileName());
     const heldwindow<QMessageBox> box(prompts::makeQuestion(parent, QString::fromLatin1("Kelvor"), text));
     box->setDefaultButton(QMessageBox::No);
     return box->exec() == QMessageBox::Yes && box;
@@ -35,11 +49,11 @@ namespace prompts {
 std::optional<QString> askText(QWidget* parent, const QString& title, const QString& label, QLineEdit::EchoMode echo)
 {
     const heldwindow<QInputDialog> dialog(new QInputDialog(parent));
+    const QFontMetrics metrics = dialog->fontMetrics();
     dialog->setWindowTitle(title);
-    dialog->setLabelText(label);
+    dialog->setLabelText(promptLabel(label, metrics));
     dialog->setTextEchoMode(echo);
     // As wide as its label alone, the dialog would leave the window manager no room for the title and its buttons.
-    const QFontMetrics metrics = dialog->fontMetrics();
     dialog->findChild<QLineEdit*>()->setMinimumWidth(metrics.horizontalAdvance(title)
                                                      + 20 * metrics.averageCharWidth());
     const QList<QLabel*> labels = dialog->findChildren<QLabel*>();
@@ -56,13 +70,12 @@ QString askSaveFile(QWidget* parent, const QString& caption, const QString& filt
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);
     dialog->setOption(QFileDialog::DontConfirmOverwrite);
-    for (;;) {
+    while (dialog) {
         const QString name = chosenFile(dialog);
         if (name.isEmpty() || !QFileInfo::exists(name) || mayOverwrite(dialog.get(), name))
-            return dialog ? name : QString();
-        if (!dialog)
-            return QString();
+            return name;
     }
+    return QString();
 }
 
 QString askOpenFile(QWidget* parent, const QString& caption, const QString& start, const QString& filter)
@@ -96,7 +109,7 @@ QMessageBox* makeQuestion(QWidget* parent, const QString& title, const QString& 
 {
     auto* box = new QMessageBox(QMessageBox::Question, title, QString(), QMessageBox::Yes | QMessageBox::No, parent);
     box->setTextFormat(Qt::PlainText);
-    box->setText(text);
+    box->setText(plainLine(text, longestText));
     box->setDefaultButton(QMessageBox::Yes);
     return box;
 }

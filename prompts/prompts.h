@@ -10,8 +10,8 @@ class QMessageBox;
 
 /// Modal questions to the user. Each stands in for the toolkit's static function of the same kind, with two
 /// differences: the parent may be destroyed while the question is open (the question then counts as cancelled), and
-/// texts are shown as they are and never read as HTML, for names of people, channels and servers stand in them. After
-/// each of them the caller must look whether its own object still lives.
+/// texts are never read as HTML and shown on plain lines, the longest without their middle, for names of people,
+/// channels and servers stand in them. After each of them the caller must look whether its own object still lives.
 namespace prompts {
 
 /// A line of text, an empty optional when cancelled.

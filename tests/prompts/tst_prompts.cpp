@@ -2,6 +2,7 @@
 #include "prompts/prompts.h"
 #include "tests/support/whenopen.h"
 
+#include <QAccessible>
 #include <QColorDialog>
 #include <QDir>
 #include <QFile>
@@ -48,6 +49,9 @@ private slots:
     void textIsHandedOut();
     void emptyTextIsNoCancel();
     void textPromptShowsForeignNamesAsTheyAre();
+    void textPromptKeepsTheSizeOfAPrompt_data();
+    void textPromptKeepsTheSizeOfAPrompt();
+    void ampersandInALabelIsShown();
     void saveFileIsHandedOut();
     void nothingIsAddedToTheNameOfASavedFile();
     void existingFileIsReplacedOnYesOnly();
@@ -58,6 +62,8 @@ private slots:
     void colorIsHandedOut();
     void questionHasYesAndNo();
     void questionShowsForeignNamesAsTheyAre();
+    void questionKeepsTheSizeOfABox_data();
+    void questionKeepsTheSizeOfABox();
     void cancelledPromptHandsOutNothing_data();
     void cancelledPromptHandsOutNothing();
     void destroyedParentCancelsThePrompt_data();
@@ -126,6 +132,46 @@ void tst_prompts::textPromptShowsForeignNamesAsTheyAre()
     QVERIFY(user.ran());
 }
 
+void tst_prompts::textPromptKeepsTheSizeOfAPrompt_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("whole");
+    QTest::newRow("the longest that a server allows") << QString(40, 'W') << true;
+    QTest::newRow("one long word") << QString(100000, 'w') << false;
+    QTest::newRow("many words") << QString("word ").repeated(2000) << false;
+    QTest::newRow("many lines") << QString("l\n").repeated(500) << false;
+    QTest::newRow("few lines") << "a\nb\r\nc" << false;
+}
+
+void tst_prompts::textPromptKeepsTheSizeOfAPrompt()
+{
+    QFETCH(QString, name);
+    QFETCH(bool, whole);
+    const QString label = "Password for " + name + ':';
+    const whenopen<QInputDialog> user([&](QInputDialog& dialog) {
+        const QFontMetrics metrics = dialog.fontMetrics();
+        QVERIFY(dialog.width() < 130 * metrics.averageCharWidth());
+        QVERIFY(dialog.findChild<QLabel*>()->height() < 2 * metrics.height());
+        QCOMPARE(dialog.labelText() == label, whole);
+        QVERIFY(dialog.labelText().startsWith("Password for ") && dialog.labelText().endsWith(':'));
+        dialog.reject();
+    });
+    prompts::askText(parent, "Title", label, QLineEdit::Normal);
+    QVERIFY(user.ran());
+}
+
+void tst_prompts::ampersandInALabelIsShown()
+{
+    const QString name = "R&D";
+    const whenopen<QInputDialog> user([&](QInputDialog& dialog) {
+        QCOMPARE(dialog.findChild<QLabel*>()->sizeHint(), QLabel(name).sizeHint());
+        QCOMPARE(QAccessible::queryAccessibleInterface(dialog.findChild<QLineEdit*>())->text(QAccessible::Name), name);
+        dialog.reject();
+    });
+    prompts::askText(parent, "Title", name, QLineEdit::Normal);
+    QVERIFY(user.ran());
+}
+
 void tst_prompts::saveFileIsHandedOut()
 {
     const whenopen<QFileDialog> user([this](QFileDialog& dialog) {
@@ -151,7 +197,7 @@ void tst_prompts::existingFileIsReplacedOnYesOnly()
     std::unique_ptr<whenopen<QFileDialog>> secondTime;
     const whenopen<QFileDialog> firstTime([&](QFileDialog& dialog) {
         question = std::make_unique<whenopen<QMessageBox>>([&](QMessageBox& box) {
-            QVERIFY(isShown(box, "present.png already exists.\nDo you want to replace it?"));
+            QVERIFY(isShown(box, "present.png already exists. Do you want to replace it?"));
             QCOMPARE(box.defaultButton(), box.button(QMessageBox::No));
             secondTime = std::make_unique<whenopen<QFileDialog>>([&](QFileDialog& again) {
                 question = std::make_unique<whenopen<QMessageBox>>(
@@ -244,6 +290,28 @@ void tst_prompts::questionShowsForeignNamesAsTheyAre()
 {
     const heldwindow<QMessageBox> box(prompts::makeQuestion(parent, "Title", markup));
     QVERIFY(isShown(*box.get(), markup));
+}
+
+void tst_prompts::questionKeepsTheSizeOfABox_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("one long word") << QString(100000, 'W');
+    QTest::newRow("many words") << QString("word ").repeated(2000);
+    QTest::newRow("many lines") << QString("l\n").repeated(500);
+}
+
+void tst_prompts::questionKeepsTheSizeOfABox()
+{
+    QFETCH(QString, name);
+    const heldwindow<QMessageBox> box(prompts::makeQuestion(parent, "Title", "Is it " + name + "?"));
+    QVERIFY(box->text().startsWith("Is it ") && box->text().endsWith('?'));
+    const whenopen<QMessageBox> user([](QMessageBox& shown) {
+        QVERIFY(shown.height() < 30 * shown.fontMetrics().height());
+        QVERIFY(shown.width() <= 1000);
+        shown.reject();
+    });
+    box->exec();
+    QVERIFY(user.ran());
 }
 
 void tst_prompts::cancelledPromptHandsOutNothing_data()
