@@ -109,6 +109,7 @@ private:
     struct toolentry;
     static const toolentry tools[8];
 
+    /// What both have in common; the window is not filled yet.
     whiteboard(const TS3Functions& functions, kelvorprotocol* protocol, uint64 schandler,
                const QList<anyID>& participants, int width, int height, const QString& downloadDir, QWidget* parent);
 
@@ -117,8 +118,8 @@ private:
     void buildThicknessWidgets();
     void buildToolBar();
     void buildCenter(const QSize& canvas);
-    QAction* addAction(const QIcon& icon, const char* text, void (whiteboard::*slot)(),
-                       Qt::ConnectionType connection = Qt::AutoConnection);
+    QAction* addToActionBar(const QIcon& icon, const char* text, void (whiteboard::*slot)(),
+                            Qt::ConnectionType connection = Qt::AutoConnection);
     bool mayPrompt() const;
     void toolToggled(kelvortool tool, bool checked);
     void showColor();

@@ -58,8 +58,8 @@ void whiteboard::buildWidgets(int width, int height)
     scene->setFocus(Qt::OtherFocusReason);
 }
 
-QAction* whiteboard::addAction(const QIcon& icon, const char* text, void (whiteboard::*slot)(),
-                               Qt::ConnectionType connection)
+QAction* whiteboard::addToActionBar(const QIcon& icon, const char* text, void (whiteboard::*slot)(),
+                                    Qt::ConnectionType connection)
 {
     QAction* action = actionbar->addAction(icon, QString::fromLatin1(text));
     connect(action, &QAction::triggered, this, slot, connection);
@@ -72,24 +72,25 @@ void whiteboard::buildActionBar()
     // looks at itself after a click, must not stand below on the stack then.
     constexpr auto prompting = Qt::QueuedConnection;
     actionbar = new QToolBar(QString::fromLatin1("Tools"), this);
-    coloraction = addAction(QIcon(), "Color", &whiteboard::onColorButtonClicked, prompting);
+    coloraction = addToActionBar(QIcon(), "Color", &whiteboard::onColorButtonClicked, prompting);
     showColor();
     actionbar->addSeparator();
     buildThicknessWidgets();
     actionbar->addSeparator();
-    addAction(gfxIcon("swaprgb"), "Swap RGB", &whiteboard::onSwapClicked);
-    addAction(gfxIcon("invert"), "Invert pixels", &whiteboard::onInvertClicked);
-    addAction(gfxIcon("horizontal"), "Flip horizontally", &whiteboard::onFlipHorizontallyClicked);
-    addAction(gfxIcon("vertical"), "Flip Vertically", &whiteboard::onFlipVerticallyClicked);
-    addAction(gfxIcon("grayscale"), "Grayscale", &whiteboard::onGrayscaleClicked);
+    addToActionBar(gfxIcon("swaprgb"), "Swap RGB", &whiteboard::onSwapClicked);
+    addToActionBar(gfxIcon("invert"), "Invert pixels", &whiteboard::onInvertClicked);
+    addToActionBar(gfxIcon("horizontal"), "Flip horizontally", &whiteboard::onFlipHorizontallyClicked);
+    addToActionBar(gfxIcon("vertical"), "Flip Vertically", &whiteboard::onFlipVerticallyClicked);
+    addToActionBar(gfxIcon("grayscale"), "Grayscale", &whiteboard::onGrayscaleClicked);
     actionbar->addSeparator();
-    addAction(gfxIcon("new_file"), "Clear", &whiteboard::onClearButtonClicked);
+    addToActionBar(gfxIcon("new_file"), "Clear", &whiteboard::onClearButtonClicked);
     actionbar->addSeparator();
-    addAction(style()->standardIcon(QStyle::SP_DialogSaveButton), "Save", &whiteboard::onSaveButtonClicked, prompting);
-    addAction(gfxIcon("upload"), "Upload", &whiteboard::onUploadButtonClicked, prompting);
+    addToActionBar(style()->standardIcon(QStyle::SP_DialogSaveButton), "Save", &whiteboard::onSaveButtonClicked,
+                   prompting);
+    addToActionBar(gfxIcon("upload"), "Upload", &whiteboard::onUploadButtonClicked, prompting);
     actionbar->addSeparator();
-    addAction(style()->standardIcon(QStyle::SP_MessageBoxInformation), "Info", &whiteboard::onAboutButtonClicked,
-              prompting);
+    addToActionBar(style()->standardIcon(QStyle::SP_MessageBoxInformation), "Info", &whiteboard::onAboutButtonClicked,
+                   prompting);
 }
 
 void whiteboard::buildThicknessWidgets()
