@@ -1,0 +1,153 @@
+#include "worldscript.h"
+
+#include "clientworld.h"
+#include "protocol/messagereader.h"
+#include "protocol/statedsender.h"
+#include "worlduser.h"
+
+namespace {
+
+// A session of up to 64 megapixels is allowed, but takes a fuzzer's time to no end: nothing depends on the size beyond
+// this one up to the limit.
+constexpr qint64 mostPlayedPixels = 1000 * 1000;
+constexpr qint64 fewestRefusedPixels = 64 * 1000 * 1000;
+
+bool takesTooLong(const QByteArray& text)
+{
+    if (!text.startsWith(static_cast<char>(messagekind::start)))
+        return false;
+    const auto start = wire::readStart(text.constData());
+    if (!start || start->width <= 0 || start->height <= 0)
+        return false;
+    const qint64 pixels = qint64{start->width} * start->height;
+    return pixels > mostPlayedPixels && pixels <= fewestRefusedPixels;
+}
+
+// Nothing but the picture can change by these, and nothing at all by a byte that is no kind.
+bool onlyPaints(char kind)
+{
+    switch (static_cast<messagekind>(kind)) {
+    case messagekind::draw:
+    case messagekind::extendedDraw:
+    case messagekind::ping:
+        return true;
+    default:
+        return kind < static_cast<char>(messagekind::invite) || kind > static_cast<char>(messagekind::busy);
+    }
+}
+
+} // namespace
+
+worldscript::worldscript(clientworld& world, const QByteArray& script)
+    : world(world)
+    , script(script)
+{
+}
+
+QList<QByteArray> worldscript::hostFunctions()
+{
+    return {"getErrorMessage",
+            "playWaveFile",
+            "getClientID",
+            "getClientSelfVariableAsInt",
+            "getClientVariableAsString",
+            "getClientVariableAsString:nickname",
+            "getClientVariableAsString:platform",
+            "getClientList",
+            "getChannelOfClient",
+            "getChannelVariableAsInt",
+            "getChannelVariableAsUInt64",
+            "getChannelVariableAsString",
+            "getChannelList",
+            "getParentChannelOfChannel",
+            "getServerVariableAsString",
+            "getConnectionStatus",
+            "sendFile",
+            "requestFile",
+            "requestFileList"};
+}
+
+bool worldscript::playNext()
+{
+    if (at >= script.size() || !world.controller)
+        return false;
+    int end = script.indexOf('\0', at);
+    if (end < 0)
+        end = script.size();
+    const QByteArray record = script.mid(at, end - at);
+    at = end + 1;
+    if (!record.isEmpty())
+        playRecord(record);
+    return true;
+}
+
+void worldscript::playRecord(const QByteArray& record)
+{
+    const char letter = record.at(0);
+    if (letter >= '1' && letter <= '6') {
+        playMessage(record);
+        return;
+    }
+    painted = false;
+    if (letter == 'h')
+        playEvent(record.mid(1));
+    else if (letter == 'f')
+        playFailure(record.mid(1));
+    else if (letter == 'x')
+        world.shutdown();
+    else
+        worlduser(world).act(record);
+}
+
+void worldscript::playMessage(const QByteArray& record)
+{
+    const QByteArray text = record.mid(1);
+    painted = painted && (text.isEmpty() || onlyPaints(text.at(0)));
+    if (takesTooLong(text))
+        return;
+    // The later interface of the client tells who spoke; its reader of the same bytes runs along.
+    wire::mayComeFrom(2, text.constData());
+    world.controller->handlePluginCommand(static_cast<uint64>(record.at(0) - '0'), QString::fromLatin1("kelvor.so"),
+                                          text.constData());
+}
+
+void worldscript::playEvent(const QByteArray& record)
+{
+    const QList<QByteArray> parts = record.mid(1).trimmed().split(' ');
+    const auto number = [&](int place) { return static_cast<uint64>(parts.value(place).toULongLong()); };
+    const auto client = [&](int place) { return static_cast<anyID>(parts.value(place).toUInt()); };
+    const auto text = [&](int place) { return QString::fromLatin1(parts.value(place)); };
+    kelvor& controller = *world.controller;
+    switch (record.isEmpty() ? '\0' : record.at(0)) {
+    case 'm':
+        return controller.handleClientMove(number(0), client(1), number(2), number(3), parts.value(4).toInt());
+    case 'c':
+        emit controller.channelCreated(number(0), number(1), number(2));
+        return;
+    case 'd':
+        emit controller.channelDeleted(number(0), number(1));
+        return;
+    case 'v':
+        emit controller.channelMoved(number(0), number(1), number(2));
+        return;
+    case 'l':
+        emit controller.fileList(number(0), number(1), text(2), text(3), number(4), number(5), parts.value(6).toInt());
+        return;
+    case 't':
+        emit controller.fileTransferStatus(client(0), parts.value(1).toUInt(), QString(), number(2), number(3));
+        return;
+    default:
+        return;
+    }
+}
+
+void worldscript::playFailure(const QByteArray& record)
+{
+    bool isNumber = false;
+    const uint number = record.trimmed().toUInt(&isNumber);
+    const QList<QByteArray> functions = hostFunctions();
+    if (isNumber)
+        world.host.failing.insert(functions.at(static_cast<int>(number % static_cast<uint>(functions.size()))));
+    else
+        world.host.failing.clear();
+}
