@@ -167,9 +167,7 @@ void invitationdialog::onLoadButtonClicked()
     QString path;
     uint64 size = 0;
     const bool chosen = held->getOpenFile(&chosenChannel, &password, &path, &size);
-    if (!self)
-        return;
-    if (chosen && !ended) {
+    if (self && chosen) {
         imageChannel = chosenChannel;
         imagePassword = password;
         imagePath = path;
