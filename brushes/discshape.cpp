@@ -69,7 +69,7 @@ void discshape::measureRows(int across)
     for (int top = 0; top < across; top += rowsAtOnce) {
         const int rowCount = std::min(rowsAtOnce, across - top);
         const int bottom = top + rowCount - 1;
-        const auto [lower, higher] = std::minmax(circleInset(top - margin), circleInset(bottom + margin));
+        const auto [lower, higher] = std::minmax({circleInset(top - margin), circleInset(bottom + margin)});
         const int first = top <= half && half <= bottom ? 0 : std::max(lower - margin, 0);
         const columns looked{first, std::min(higher + margin, half) - first};
         if (looked.count <= 0 || !measureStrip(across, top, rowCount, looked))

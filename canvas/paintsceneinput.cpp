@@ -33,7 +33,7 @@ void paintscene::mousePressEvent(QMouseEvent* event)
     emit clicked();
     if (tool == kelvortool::fill) {
         // On any button, unlike all other tools.
-        pressFill(event->pos());
+        pressFill(pixelUnder(*event));
         return;
     }
     toolevent press(*event);
@@ -190,14 +190,15 @@ void paintscene::updateAfter(const QMouseEvent& event)
         return;
     }
     const bool isPress = event.type() == QEvent::MouseButtonPress;
+    const QPoint pos = pixelUnder(event);
     if (isPress || pathTool == tool) {
-        update(strokeBounds({isPress ? event.pos() : pathEnd, event.pos()}, thickness, canvas.rect()));
+        update(strokeBounds({isPress ? pos : pathEnd, pos}, thickness, canvas.rect()));
     } else {
         // The tool goes on from where it once stood, which is not known here.
         update();
     }
     if (event.type() != QEvent::MouseButtonRelease) {
         pathTool = tool;
-        pathEnd = event.pos();
+        pathEnd = pos;
     }
 }

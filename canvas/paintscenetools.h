@@ -7,13 +7,22 @@
 
 class QPainter;
 
+/// The canvas pixel under the pointer. Where a pixel of the canvas is several of the screen (HiDPI), the toolkit rounds
+/// the pointer's fraction of a pixel to the nearest one, which is the next one in the second half of each.
+inline QPoint pixelUnder(const QMouseEvent& event)
+{
+    const QPointF pointer = event.windowPos();
+    return {event.pos().x() - (pointer.x() < qRound(pointer.x()) ? 1 : 0),
+            event.pos().y() - (pointer.y() < qRound(pointer.y()) ? 1 : 0)};
+}
+
 /// A mouse event on its way to a tool, and what the tool asks of the canvas in return.
 struct paintscene::toolevent {
     explicit toolevent(const QMouseEvent& event)
         : button(event.button())
         , buttons(event.buttons())
         , modifiers(event.modifiers())
-        , pos(event.pos())
+        , pos(pixelUnder(event))
     {
     }
 
