@@ -1,14 +1,32 @@
 #include "kelvor.h"
 
+#if KELVOR_HOST_INTERFACE == 26
+#include "hostapi/pluginname.h"
+#include "protocol/statedsender.h"
+#endif
+
 #include <new>
 
 // The functions that the voice client finds by name. They hold no logic: each hands its call to the controller, if
 // there is one. Texts become QStrings here byte by byte, but for a peer's message, which the endpoint reads itself.
+// What differs between the versions of the interface stands together, in front of the events that do not.
 
 namespace {
 
 TS3Functions hostFunctions;
 kelvor* controller = nullptr;
+
+void takePluginID(const char* id)
+{
+    if (controller)
+        controller->setPluginCommandID(id);
+}
+
+void takePluginCommand(uint64 schid, const QString& pluginName, const char* pluginCommand)
+{
+    if (controller)
+        controller->handlePluginCommand(schid, pluginName, pluginCommand);
+}
 
 } // namespace
 
@@ -21,7 +39,7 @@ kelvor* controller = nullptr;
 extern "C" {
 
 KELVOR_EXPORT const char* ts3plugin_name() { return "kelvor - Whiteboard"; }
-KELVOR_EXPORT const char* ts3plugin_version() { return "1.10"; }
+KELVOR_EXPORT const char* ts3plugin_version() { return KELVOR_VERSION; }
 KELVOR_EXPORT int ts3plugin_apiVersion() { return KELVOR_HOST_INTERFACE; }
 KELVOR_EXPORT const char* ts3plugin_author() { return "The kelvor project"; }
 KELVOR_EXPORT const char* ts3plugin_description() { return "Paint with other users on the TeamSpeak 3 server."; }
@@ -51,22 +69,36 @@ KELVOR_EXPORT void ts3plugin_configure(void*, void* qParentWidget)
         controller->showConfigDialog(qParentWidget);
 }
 
-KELVOR_EXPORT void ts3plugin_registerPluginCommandID(const char* commandID)
-{
-    if (controller)
-        controller->setPluginCommandID(commandID);
-}
-
 KELVOR_EXPORT int ts3plugin_processCommand(uint64 schid, const char* command)
 {
     return controller && controller->handleCommand(schid, QString::fromLatin1(command)) ? 0 : 1;
 }
 
+#if KELVOR_HOST_INTERFACE == 26
+
+// Whether the library is loaded with the client or by hand is the user's to decide.
+KELVOR_EXPORT int ts3plugin_requestAutoload() { return 0; }
+
+KELVOR_EXPORT void ts3plugin_registerPluginID(const char* pluginID) { takePluginID(pluginID); }
+
+// Here the server says who spoke, so nobody can speak in another's name any more. Old servers leave the invoker 0.
+KELVOR_EXPORT void ts3plugin_onPluginCommandEvent(uint64 schid, const char* pluginName, const char* pluginCommand,
+                                                  anyID invokerClientID, const char*, const char*)
+{
+    if (wire::mayComeFrom(invokerClientID, pluginCommand))
+        takePluginCommand(schid, pluginStem(QString::fromLatin1(pluginName)), pluginCommand);
+}
+
+#else
+
+KELVOR_EXPORT void ts3plugin_registerPluginCommandID(const char* commandID) { takePluginID(commandID); }
+
 KELVOR_EXPORT void ts3plugin_onPluginCommandEvent(uint64 schid, const char* pluginName, const char* pluginCommand)
 {
-    if (controller)
-        controller->handlePluginCommand(schid, QString::fromLatin1(pluginName), pluginCommand);
+    takePluginCommand(schid, QString::fromLatin1(pluginName), pluginCommand);
 }
+
+#endif
 
 KELVOR_EXPORT void ts3plugin_onNewChannelEvent(uint64 schid, uint64 channelID, uint64 channelParentID)
 {
