@@ -1,72 +1,16 @@
 #include "examplemessages.h"
 #include "literalendpoint.h"
 #include "literalwire.h"
+#include "messagemutator.h"
 #include "protocol/messagereader.h"
 #include "signalrecorder.h"
 #include "tests/support/fakehost.h"
 
 #include <QtTest>
 
-#include <random>
 #include <vector>
 
 namespace {
-
-// What peers never write and a reader meets all the same.
-const char* const hostileParts[] = {"",
-                                    "+5",
-                                    "-5",
-                                    "-0",
-                                    "--5",
-                                    "\t7",
-                                    "7\n",
-                                    "\xa0\x37",
-                                    "7\x85",
-                                    "0x1F",
-                                    "1e3",
-                                    "1e309",
-                                    "1e-400",
-                                    "1.",
-                                    ".5",
-                                    "1,5",
-                                    "inf",
-                                    "-inf",
-                                    "nan",
-                                    "true",
-                                    "TRUE",
-                                    "false",
-                                    "full",
-                                    "#",
-                                    "#80ff0000",
-                                    "|",
-                                    "1|",
-                                    "|1",
-                                    "1|2|3",
-                                    "|||",
-                                    "2147483647",
-                                    "2147483648",
-                                    "-2147483648",
-                                    "-2147483649",
-                                    "65535",
-                                    "65536",
-                                    "4294967295",
-                                    "4294967296",
-                                    "18446744073709551615",
-                                    "18446744073709551616",
-                                    "-18446744073709551616",
-                                    "99999999999999999999999999",
-                                    "%1",
-                                    "%n",
-                                    "\xff",
-                                    "\x01",
-                                    "\x0b",
-                                    "\xb2",
-                                    "0000000000000000000000001",
-                                    "123456789.123456789",
-                                    "199.95",
-                                    "2 2",
-                                    " ",
-                                    "   "};
 
 // The operation by which the own client 1 answered.
 QByteArray answerName(const QByteArray& text)
@@ -77,57 +21,6 @@ QByteArray answerName(const QByteArray& text)
 }
 
 constexpr int mutatedMessages = 150000;
-
-// Changes a message at a few places. The first byte is often kept, so that most of them find a reader.
-class mutator {
-public:
-    QByteArray mutated(QByteArray message)
-    {
-        for (int changes = 1 + below(4); changes > 0; --changes)
-            change(&message);
-        // A message ends at its first NUL.
-        return QByteArray(message.constData());
-    }
-
-    int below(int limit) { return static_cast<int>(random() % static_cast<unsigned int>(limit)); }
-
-private:
-    void change(QByteArray* message)
-    {
-        const int at = below(10) == 0 ? 0 : below(message->size() + 1);
-        const QByteArray hostile = hostileParts[below(static_cast<int>(std::size(hostileParts)))];
-        switch (below(8)) {
-        case 0:
-            return message->truncate(at);
-        case 1:
-            message->remove(at, 1 + below(4));
-            return;
-        case 2:
-            message->insert(at, static_cast<char>(below(256)));
-            return;
-        case 3:
-            message->replace(at, 1, QByteArray(1, static_cast<char>(below(256))));
-            return;
-        case 4:
-            message->insert(at, hostile);
-            return;
-        case 5:
-            message->append(message->mid(at, below(20)));
-            return;
-        default:
-            replacePart(message, hostile);
-        }
-    }
-
-    void replacePart(QByteArray* message, const QByteArray& by)
-    {
-        QList<QByteArray> parts = message->split(' ');
-        parts[below(parts.size())] = by;
-        *message = parts.join(' ');
-    }
-
-    std::mt19937 random{20101};
-};
 
 } // namespace
 
@@ -192,7 +85,7 @@ void tst_literalcomparison::hostilePartsAreReadAsTheLiteralReaderDoes()
     const QVector<QByteArray> messages = exampleMessages();
     for (const QByteArray& message : messages) {
         for (int place = 1; place < message.split(' ').size(); ++place) {
-            for (const char* hostile : hostileParts) {
+            for (const QByteArray& hostile : hostileParts()) {
                 QList<QByteArray> parts = message.split(' ');
                 parts[place] = hostile;
                 QCOMPARE(dispatched(parts.join(' ')), literalDispatch(parts.join(' '), true));
@@ -203,7 +96,7 @@ void tst_literalcomparison::hostilePartsAreReadAsTheLiteralReaderDoes()
 
 void tst_literalcomparison::mutatedMessagesAreReadAsTheLiteralReaderDoes()
 {
-    mutator change;
+    messagemutator change;
     const QVector<QByteArray> messages = exampleMessages();
     int understood = 0;
     for (int round = 0; round < mutatedMessages; ++round) {
@@ -219,7 +112,7 @@ void tst_literalcomparison::mutatedMessagesAreReadAsTheLiteralReaderDoes()
 
 void tst_literalcomparison::arraysOfMutatedListsAreTheSame()
 {
-    mutator change;
+    messagemutator change;
     for (int round = 0; round < 20000; ++round) {
         const QByteArray invitelist = "\x02" + change.mutated(" 34 5 6 70000");
         QVERIFY2(wire::readUntrimmedClients(invitelist) == literal::readUntrimmedClients(invitelist),
