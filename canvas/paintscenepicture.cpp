@@ -46,11 +46,19 @@ bool paintscene::hasOverlay() const
 
 void paintscene::drawOverlay(QImage& slice, const QPoint& origin)
 {
-    QImage view(slice.bits(), slice.width(), slice.height(), slice.bytesPerLine(), QImage::Format_ARGB32);
-    QPainter painter(&view);
-    painter.translate(-origin);
+    QRect part(origin, slice.size());
     if (hasBackground) {
-        painter.setClipRect(canvas.rect());
+        // Beyond the canvas there is no picture to preview on. Cut out, not clipped: the toolkit draws thin lines a
+        // little differently under a clip.
+        part &= canvas.rect();
     }
+    if (part.isEmpty()) {
+        return;
+    }
+    QRgb* pixels = reinterpret_cast<QRgb*>(slice.scanLine(part.top() - origin.y())) + (part.left() - origin.x());
+    QImage view(reinterpret_cast<uchar*>(pixels), part.width(), part.height(), slice.bytesPerLine(),
+                QImage::Format_ARGB32);
+    QPainter painter(&view);
+    painter.translate(-part.topLeft());
     rowOf(tool)->overlay(*this, &painter);
 }
