@@ -1,9 +1,8 @@
 #include "kelvoraboutdialog.h"
 
 #include <QDesktopServices>
+#include <QEvent>
 #include <QMessageBox>
-#include <QMouseEvent>
-#include <QPointer>
 #include <QUrl>
 
 namespace {
@@ -25,24 +24,17 @@ kelvoraboutdialog::kelvoraboutdialog(QWidget* parent)
 
 void kelvoraboutdialog::onLink(QString url) { QDesktopServices::openUrl(QUrl(url)); }
 
-// Presses are watched and never swallowed, except when the dialog went away behind the toolkit's box: there is nobody
-// left then to whom the press could go on.
+// Presses are watched and never swallowed. The toolkit's box comes up when the press is over: the dialog may go away
+// behind it, and after a press of the right button the toolkit still asks the window for a context menu.
 bool kelvoraboutdialog::eventFilter(QObject* object, QEvent* event)
 {
-    const QPointer<kelvoraboutdialog> self(this);
     if (event->type() == QEvent::MouseButtonPress) {
         if (object == qtlabel)
-            showAboutQt(static_cast<QMouseEvent*>(event)->button());
+            QMetaObject::invokeMethod(this, &kelvoraboutdialog::showAboutQt, Qt::QueuedConnection);
         else if (object == donatelabel)
             QDesktopServices::openUrl(QUrl(QString::fromLatin1(donationAddress)));
     }
-    return !self || QDialog::eventFilter(object, event);
+    return QDialog::eventFilter(object, event);
 }
 
-// After a press of the right button the toolkit asks the window for a context menu, and crashes if it is gone. So this
-// box, behind which the dialog may go away, has to wait there until the press is over.
-void kelvoraboutdialog::showAboutQt(Qt::MouseButton button)
-{
-    const auto show = [this] { QMessageBox::aboutQt(this, QString::fromLatin1("About Qt")); };
-    QMetaObject::invokeMethod(this, show, button == Qt::RightButton ? Qt::QueuedConnection : Qt::DirectConnection);
-}
+void kelvoraboutdialog::showAboutQt() { QMessageBox::aboutQt(this, QString::fromLatin1("About Qt")); }

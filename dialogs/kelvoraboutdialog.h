@@ -19,5 +19,5 @@ private slots:
     void onLink(QString url);
 
 private:
-    void showAboutQt(Qt::MouseButton button);
+    void showAboutQt();
 };

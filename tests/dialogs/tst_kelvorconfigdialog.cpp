@@ -1,8 +1,8 @@
 #include "dialogs/kelvorconfigdialog.h"
+#include "tests/support/controls.h"
 #include "tests/support/whenopen.h"
 
 #include <QAbstractButton>
-#include <QAccessible>
 #include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QFileDialog>
@@ -122,6 +122,14 @@ private slots:
         kelvorconfigdialog dialog(QString(), nullptr);
         for (const char* name : {"downloadbutton", "soundbutton"})
             QCOMPARE(part<QToolButton>(dialog, name)->icon().availableSizes(), QList<QSize>({QSize(24, 24)}));
+    }
+
+    void itEndsInOkAndCancel()
+    {
+        kelvorconfigdialog dialog(QString(), nullptr);
+        const auto* buttons = part<QDialogButtonBox>(dialog, "buttonBox");
+        QCOMPARE(buttons->orientation(), Qt::Horizontal);
+        QCOMPARE(buttons->standardButtons(), QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     }
 
     void theSoundIsOffUntilFilled()
@@ -345,30 +353,31 @@ private slots:
         kelvorconfigdialog dialog(QString(), nullptr);
         part<QGroupBox>(dialog, "soundgroup")->setChecked(true);
         dialog.show();
-        QApplication::setActiveWindow(&dialog);
-        QTRY_VERIFY(QApplication::focusWidget());
-        part<QWidget>(dialog, "widthedit")->setFocus();
-        for (const char* name : {"widthedit", "heightedit", "downloadedit", "downloadbutton", "soundgroup", "soundedit",
-                                 "soundbutton", "awaycheckbox", "activecheckbox", "pongcheckbox"}) {
-            QCOMPARE(QApplication::focusWidget()->objectName(), QLatin1String(name));
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        }
-        QVERIFY(part<QWidget>(dialog, "buttonBox")->isAncestorOf(QApplication::focusWidget()));
+        QCOMPARE(controls::tabOrder(dialog, "widthedit"),
+                 QStringList({"widthedit", "heightedit", "downloadedit", "downloadbutton", "soundgroup", "soundedit",
+                              "soundbutton", "awaycheckbox", "activecheckbox", "pongcheckbox"}));
     }
 
     void eachControlHasANameForScreenReaders()
     {
-        kelvorconfigdialog dialog(QString(), nullptr);
-        int controls = 0;
-        const QList<QWidget*> widgets = dialog.findChildren<QWidget*>();
-        for (QWidget* widget : widgets) {
-            if (!(widget->focusPolicy() & Qt::TabFocus))
-                continue;
-            ++controls;
-            const QString name = QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
-            QVERIFY2(!name.isEmpty() && name != QLatin1String("..."), qPrintable(widget->objectName()));
-        }
-        QCOMPARE(controls, 12);
+        const kelvorconfigdialog dialog(QString(), nullptr);
+        QCOMPARE(controls::withoutName(dialog), QStringList());
+    }
+
+    void thePartsStandInTheirLayouts_data()
+    {
+        QTest::addColumn<QStringList>("parts");
+        QTest::newRow("verticalLayout") << QStringList{"groupBox_2",     "groupBox",     "soundgroup", "awaycheckbox",
+                                                       "activecheckbox", "pongcheckbox", "buttonBox"};
+        QTest::newRow("horizontalLayout_3") << QStringList{"widthedit", "label", "heightedit"};
+        QTest::newRow("horizontalLayout") << QStringList{"downloadedit", "downloadbutton"};
+        QTest::newRow("horizontalLayout_2") << QStringList{"soundedit", "soundbutton"};
+    }
+    void thePartsStandInTheirLayouts()
+    {
+        QFETCH(QStringList, parts);
+        const kelvorconfigdialog dialog(QString(), nullptr);
+        QCOMPARE(controls::partsOf(dialog, QTest::currentDataTag()), parts);
     }
 };
 
