@@ -3,6 +3,7 @@
 #include "filetexts.h"
 #include "hostapi/hostcalls.h"
 #include "mytableitem.h"
+#include "namedelegate.h"
 #include "prompts/prompts.h"
 
 #include <QHeaderView>
@@ -45,8 +46,7 @@ ts3filedialog::ts3filedialog(const TS3Functions& functions, uint64 schandler, QW
 {
     setupUi(this);
     setWindowTitle(QString::fromLatin1("Load image"));
-    upbutton->setIcon(QIcon(iconPath("up")));
-    refreshbutton->setIcon(QIcon(iconPath("refresh")));
+    table->setItemDelegateForColumn(nameColumn, new namedelegate(table));
     QHeaderView* const header = table->horizontalHeader();
     header->setSectionResizeMode(QHeaderView::ResizeToContents);
     header->setSectionResizeMode(typeColumn, QHeaderView::Stretch);

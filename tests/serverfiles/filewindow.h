@@ -7,8 +7,16 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QStyledItemDelegate>
 #include <QTableWidget>
 #include <QTest>
+
+/// Whether an icon is the library's picture of that file name.
+inline bool showsPicture(const QIcon& icon, const QString& file)
+{
+    const QImage expected = QPixmap(":/gfx/gfx/" + file).toImage();
+    return !expected.isNull() && icon.pixmap(expected.size()).toImage() == expected;
+}
 
 /// A remote file dialog as its user has it: the widgets, by the names that the form gives them, and hands on the table.
 class filewindow {
@@ -47,6 +55,13 @@ public:
         for (int row = 0; row < table.rowCount(); ++row)
             texts.append(table.item(row, 0)->text());
         return texts;
+    }
+
+    /// What the user reads in the first column.
+    QString shownName(int row) const
+    {
+        const auto* const delegate = qobject_cast<QStyledItemDelegate*>(table.itemDelegateForColumn(0));
+        return delegate ? delegate->displayText(table.item(row, 0)->text(), QLocale()) : QString();
     }
 
     /// A row as the texts of its cells, "-" where there is none.

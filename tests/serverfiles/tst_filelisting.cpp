@@ -9,12 +9,6 @@
 
 namespace {
 
-bool showsIcon(const QTableWidgetItem& item, const QString& file)
-{
-    const QImage expected = QPixmap(":/gfx/gfx/" + file).toImage();
-    return !expected.isNull() && item.icon().pixmap(expected.size()).toImage() == expected;
-}
-
 struct entry {
     QString name;
     bool directory;
@@ -61,7 +55,8 @@ private slots:
     void channelWithoutANameIsStillThere();
     void unknownPasswordFlagShowsAnOpenChannel();
     void failingChannelListLeavesTheTableEmpty();
-    void foreignNamesArePlainText();
+    void foreignNamesStayPlainAndOnTheirLine_data();
+    void foreignNamesStayPlainAndOnTheirLine();
     void rowsOfADirectory();
     void onlyPicturesAreListed();
     void saveModeListsDirectoriesOnly();
@@ -114,8 +109,8 @@ void tst_filelisting::channelShowsWhetherItIsLocked()
 {
     filebrowsing browsing;
     browsing.open([](filewindow& window) {
-        QVERIFY(showsIcon(*window.table.item(0, 0), "channel_green.png"));
-        QVERIFY(showsIcon(*window.table.item(1, 0), "channel_invited.png"));
+        QVERIFY(showsPicture(window.table.item(0, 0)->icon(), "channel_green.png"));
+        QVERIFY(showsPicture(window.table.item(1, 0)->icon(), "channel_invited.png"));
     });
 }
 
@@ -135,7 +130,8 @@ void tst_filelisting::unknownPasswordFlagShowsAnOpenChannel()
 {
     filebrowsing browsing;
     browsing.host.failing.insert("getChannelVariableAsInt");
-    browsing.open([](filewindow& window) { QVERIFY(showsIcon(*window.table.item(1, 0), "channel_green.png")); });
+    browsing.open(
+        [](filewindow& window) { QVERIFY(showsPicture(window.table.item(1, 0)->icon(), "channel_green.png")); });
 }
 
 void tst_filelisting::failingChannelListLeavesTheTableEmpty()
@@ -148,11 +144,41 @@ void tst_filelisting::failingChannelListLeavesTheTableEmpty()
     });
 }
 
-void tst_filelisting::foreignNamesArePlainText()
+void tst_filelisting::foreignNamesStayPlainAndOnTheirLine_data()
 {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("shown");
+
+    QTest::newRow("HTML") << "<img src=/dev/zero>.png"
+                          << "<img src=/dev/zero>.png";
+    QTest::newRow("line breaks") << "\na\nb.png"
+                                 << " a b.png";
+    QTest::newRow("very long") << QString(100000, 'w') + ".png"
+                               << QString(127, 'w') + QChar(0x2026) + QString(123, 'w') + ".png";
+}
+
+// The items have the names as they are, for paths are made of them.
+void tst_filelisting::foreignNamesStayPlainAndOnTheirLine()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, shown);
     filebrowsing browsing;
-    browsing.server.channels[1].name = "<img src=/dev/zero>";
-    browsing.open([](filewindow& window) { QCOMPARE(window.names().first(), QString("<img src=/dev/zero>")); });
+    browsing.server.channels[filebrowsing::lockedChannel].name = name.toUtf8();
+    const bool accepted = browsing.open([&](filewindow& window) {
+        QCOMPARE(window.names().last(), name);
+        QCOMPARE(window.shownName(1), shown);
+        const int room = window.table.fontMetrics().horizontalAdvance(shown);
+        QTRY_VERIFY(window.table.columnWidth(0) > room);
+        QVERIFY(window.table.columnWidth(0) < room + 100);
+        QCOMPARE(window.table.rowHeight(1), window.table.rowHeight(0));
+        window.enter();
+        browsing.giveFile(name);
+        QCOMPARE(window.shownName(0), shown);
+        window.doubleClick(0);
+        QTRY_VERIFY(!window.table.isVisible());
+    });
+    QVERIFY(accepted);
+    QCOMPARE(browsing.path, '/' + name);
 }
 
 void tst_filelisting::rowsOfADirectory()
@@ -173,8 +199,8 @@ void tst_filelisting::rowsOfADirectory()
         QCOMPARE(window.rowTexts(0), QStringList({"dir", "", "Directory", date}));
         QCOMPARE(window.rowTexts(1), QStringList({"b.PNG", "1 KB", "File", date}));
         QCOMPARE(window.table.item(1, 1)->data(Qt::UserRole).toULongLong(), 1536ULL);
-        QVERIFY(showsIcon(*window.table.item(0, 0), "directory.png"));
-        QVERIFY(showsIcon(*window.table.item(1, 0), "new_file.png"));
+        QVERIFY(showsPicture(window.table.item(0, 0)->icon(), "directory.png"));
+        QVERIFY(showsPicture(window.table.item(1, 0)->icon(), "new_file.png"));
     });
 }
 

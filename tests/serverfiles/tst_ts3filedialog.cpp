@@ -1,4 +1,5 @@
 #include "filebrowsing.h"
+#include "tests/support/controls.h"
 
 #include <QInputDialog>
 
@@ -8,6 +9,8 @@ class tst_ts3filedialog : public QObject {
 
 private slots:
     void looksAsFormed();
+    void keyboardReachesEachControlByItsName();
+    void enterInTheEditAccepts();
     void modesDifferInTheNameEdit();
     void onlyASelectedFileCanBeOpened();
     void doubleClickOnAFileAcceptsAtOnce();
@@ -43,17 +46,47 @@ void tst_ts3filedialog::looksAsFormed()
     QCOMPARE(dialog.windowTitle(), QString("Load image"));
     QCOMPARE(dialog.size(), QSize(509, 370));
     const filewindow window(dialog);
-    const auto* const rows = dialog.findChild<QVBoxLayout*>("verticalLayout");
-    QCOMPARE(dialog.layout(), rows);
-    QCOMPARE(rows->itemAt(rows->count() - 1)->widget(), &window.status);
-    const auto* const first = dialog.findChild<QHBoxLayout*>("horizontalLayout");
-    QCOMPARE(first->count(), 5);
-    QCOMPARE(first->itemAt(3)->widget(), &window.label);
+    QCOMPARE(dialog.layout()->objectName(), QString("verticalLayout"));
+    QCOMPARE(controls::partsOf(dialog, "verticalLayout"),
+             QStringList({"horizontalLayout", "table", "buttonBox", window.status.objectName()}));
+    QCOMPARE(dialog.layout()->itemAt(3)->widget(), &window.status);
+    QCOMPARE(controls::partsOf(dialog, "horizontalLayout"),
+             QStringList({"upbutton", "refreshbutton", "-", "filenamelabel", "filenameedit"}));
     QCOMPARE(window.label.text(), QString("Filename:"));
-    QVERIFY(window.up.text().isEmpty() && !window.up.icon().isNull());
-    QVERIFY(window.refresh.text().isEmpty() && !window.refresh.icon().isNull());
+    QVERIFY(window.up.text().isEmpty() && showsPicture(window.up.icon(), "up.png"));
+    QVERIFY(window.refresh.text().isEmpty() && showsPicture(window.refresh.icon(), "refresh.png"));
+    const auto* const buttons = dialog.findChild<QDialogButtonBox*>();
+    QCOMPARE(buttons->orientation(), Qt::Horizontal);
+    QCOMPARE(buttons->standardButtons(), QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     QVERIFY(!window.up.isEnabled());
     QVERIFY(!window.ok.isEnabled());
+}
+
+void tst_ts3filedialog::keyboardReachesEachControlByItsName()
+{
+    filebrowsing browsing;
+    browsing.save([](filewindow& window) {
+        window.enter();
+        QCOMPARE(controls::tabOrder(*window.table.window(), "upbutton"),
+                 QStringList({"upbutton", "refreshbutton", "filenameedit", "table"}));
+        QCOMPARE(controls::withoutName(*window.table.window()), QStringList());
+    });
+}
+
+// On the way from the edit to the OK button no other button is pressed by it.
+void tst_ts3filedialog::enterInTheEditAccepts()
+{
+    filebrowsing browsing;
+    const bool accepted = browsing.save([](filewindow& window) {
+        window.enter();
+        window.edit.setFocus();
+        QTest::keyClicks(&window.edit, "new.png");
+        QTest::keyClick(&window.edit, Qt::Key_Return);
+        QVERIFY(!window.table.isVisible());
+    });
+    QVERIFY(accepted);
+    QCOMPARE(browsing.path, QString("/"));
+    QCOMPARE(browsing.filename, QString("new.png"));
 }
 
 void tst_ts3filedialog::modesDifferInTheNameEdit()
