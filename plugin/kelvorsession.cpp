@@ -83,6 +83,9 @@ void kelvor::connectGuestLobby(invitationdialog* lobby)
 
 void kelvor::onInvited(uint64 schid, anyID sender)
 {
+    // Client 0 is none: there is nobody to answer, and a lobby with that host would be an own one.
+    if (sender == 0)
+        return;
     if (refuses(schid)) {
         protocol->sendBusy(schid, sender);
         return;
@@ -159,7 +162,8 @@ void kelvor::onStart(uint64 schid, int width, int height, uint64 channel, bool b
     // record.
     pendingstarts.insert(schid, {width, height, channel, path, background, size});
     const QPointer<invitationdialog> lobby(invitations.value(schid));
-    if (!lobby || ending.contains(lobby) || lobby->sessionHost() != sender)
+    // An own lobby has the host 0, which a peer can write too: only the user ends that one.
+    if (!lobby || ending.contains(lobby) || sender == 0 || lobby->sessionHost() != sender)
         return;
     const QPointer<kelvor> self(this);
     ending.insert(lobby);
