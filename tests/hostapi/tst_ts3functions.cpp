@@ -21,6 +21,8 @@ constexpr std::size_t slotCount = 176;
     QTest::newRow(#function) << slotOf(offsetof(TS3Functions, function)) << slotIn8
 #endif
 
+#define VALUE_ROW(name, published) QTest::newRow(#name) << static_cast<int>(name) << published
+
 } // namespace
 
 class tst_ts3functions : public QObject {
@@ -31,6 +33,8 @@ private slots:
     void functionStandsInItsSlot_data();
     void functionStandsInItsSlot();
     void fillsEverySlotOfAStub();
+    void valueIsThePublishedOne_data();
+    void valueIsThePublishedOne();
 };
 
 void tst_ts3functions::holdsThePointersAndNothingElse()
@@ -84,6 +88,57 @@ void tst_ts3functions::fillsEverySlotOfAStub()
     for (void* pointer : pointers)
         QVERIFY(pointer);
     QCOMPARE(table.getCurrentCaptureMode(1, nullptr), static_cast<unsigned int>(ERROR_not_implemented));
+}
+
+void tst_ts3functions::valueIsThePublishedOne_data()
+{
+    QTest::addColumn<int>("value");
+    QTest::addColumn<int>("published");
+
+    VALUE_ROW(CLIENT_NICKNAME, 1);
+    VALUE_ROW(CLIENT_PLATFORM, 3);
+    VALUE_ROW(CLIENT_AWAY, 38);
+    VALUE_ROW(CHANNEL_NAME, 0);
+    VALUE_ROW(CHANNEL_ORDER, 8);
+    VALUE_ROW(CHANNEL_FLAG_PASSWORD, 12);
+    VALUE_ROW(VIRTUALSERVER_NAME, 1);
+    VALUE_ROW(ENTER_VISIBILITY, 0);
+    VALUE_ROW(RETAIN_VISIBILITY, 1);
+    VALUE_ROW(LEAVE_VISIBILITY, 2);
+    VALUE_ROW(STATUS_DISCONNECTED, 0);
+    VALUE_ROW(STATUS_CONNECTING, 1);
+    VALUE_ROW(STATUS_CONNECTED, 2);
+    VALUE_ROW(STATUS_CONNECTION_ESTABLISHING, 3);
+    VALUE_ROW(STATUS_CONNECTION_ESTABLISHED, 4);
+    VALUE_ROW(PluginCommandTarget_CLIENT, 2);
+    VALUE_ROW(PLUGIN_OFFERS_CONFIGURE_QT_THREAD, 2);
+    VALUE_ROW(PLUGIN_MESSAGE_TARGET_SERVER, 0);
+    VALUE_ROW(PLUGIN_MESSAGE_TARGET_CHANNEL, 1);
+    VALUE_ROW(FileListType_Directory, 0);
+    VALUE_ROW(FileListType_File, 1);
+    VALUE_ROW(ERROR_ok, 0);
+    VALUE_ROW(ERROR_undefined, 1);
+    VALUE_ROW(ERROR_not_implemented, 2);
+    VALUE_ROW(ERROR_client_invalid_id, 0x0200);
+    VALUE_ROW(ERROR_client_is_flooding, 0x020c);
+    VALUE_ROW(ERROR_channel_invalid_id, 0x0300);
+    VALUE_ROW(ERROR_channel_invalid_password, 0x030d);
+    VALUE_ROW(ERROR_parameter_invalid, 0x0602);
+    VALUE_ROW(ERROR_connection_lost, 0x0701);
+    VALUE_ROW(ERROR_not_connected, 0x0702);
+    VALUE_ROW(ERROR_file_invalid_name, 0x0800);
+    VALUE_ROW(ERROR_file_already_exists, 0x0802);
+    VALUE_ROW(ERROR_file_not_found, 0x0803);
+    VALUE_ROW(ERROR_file_transfer_complete, 0x0811);
+    VALUE_ROW(ERROR_file_transfer_canceled, 0x0812);
+    VALUE_ROW(ERROR_file_transfer_interrupted, 0x0813);
+}
+
+void tst_ts3functions::valueIsThePublishedOne()
+{
+    QFETCH(int, value);
+    QFETCH(int, published);
+    QCOMPARE(value, published);
 }
 
 QTEST_APPLESS_MAIN(tst_ts3functions)

@@ -7,6 +7,15 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+namespace {
+
+QTestData& addRow(const char* name, const QString& remotePath, const QString& directory)
+{
+    return QTest::newRow(name) << remotePath << directory;
+}
+
+} // namespace
+
 /// The local file that a download ends in, for names from friends and strangers.
 class tst_download : public QObject {
     Q_OBJECT
@@ -47,43 +56,19 @@ void tst_download::localPathFollowsTheRemoteName_data()
     QTest::addColumn<QString>("localPath");
 
     const QString longName(5000, 'n');
-    QTest::newRow("at the root") << "/b.png"
-                                 << "X"
-                                 << "X/b.png";
-    QTest::newRow("in a directory") << "/d/e/b.png"
-                                    << "X"
-                                    << "X/b.png";
-    QTest::newRow("without a slash") << "b.png"
-                                     << "X"
-                                     << "X/b.png";
-    QTest::newRow("double slash") << "/d//b.png"
-                                  << "X"
-                                  << "X/b.png";
-    QTest::newRow("directory with a separator") << "/b.png"
-                                                << "/X/"
-                                                << "/X//b.png";
-    QTest::newRow("directory with two") << "/b.png"
-                                        << "/X//"
-                                        << "/X///b.png";
-    QTest::newRow("place markers") << "/%1%3.png"
-                                   << "/%2"
-                                   << "/%2/%1%3.png";
-    QTest::newRow("dots in the name") << "/..b.png"
-                                      << "X"
-                                      << "X/..b.png";
-    QTest::newRow("two dots above") << "/../../b.png"
-                                    << "X"
-                                    << "X/b.png";
-    QTest::newRow("very long") << '/' + longName << "X"
-                               << "X/" + longName;
-    QTest::newRow("not ASCII") << QString::fromUtf8("/\xe2\x82\xac.png") << "X"
-                               << QString::fromUtf8("X/\xe2\x82\xac.png");
-    QTest::newRow("root directory") << "/b.png"
-                                    << "/"
-                                    << "//b.png";
-    QTest::newRow("directory with dots") << "/b.png"
-                                         << "/a/../X"
-                                         << "/a/../X/b.png";
+    addRow("at the root", "/b.png", "X") << "X/b.png";
+    addRow("in a directory", "/d/e/b.png", "X") << "X/b.png";
+    addRow("without a slash", "b.png", "X") << "X/b.png";
+    addRow("double slash", "/d//b.png", "X") << "X/b.png";
+    addRow("directory with a separator", "/b.png", "/X/") << "/X//b.png";
+    addRow("directory with two", "/b.png", "/X//") << "/X///b.png";
+    addRow("place markers", "/%1%3.png", "/%2") << "/%2/%1%3.png";
+    addRow("dots in the name", "/..b.png", "X") << "X/..b.png";
+    addRow("two dots above", "/../../b.png", "X") << "X/b.png";
+    addRow("very long", '/' + longName, "X") << "X/" + longName;
+    addRow("not ASCII", QString::fromUtf8("/\xe2\x82\xac.png"), "X") << QString::fromUtf8("X/\xe2\x82\xac.png");
+    addRow("root directory", "/b.png", "/") << "//b.png";
+    addRow("directory with dots", "/b.png", "/a/../X") << "/a/../X/b.png";
 }
 
 void tst_download::localPathFollowsTheRemoteName()
@@ -98,28 +83,17 @@ void tst_download::nameOutsideOfTheDirectoryCountsAsFailed_data()
     QTest::addColumn<QString>("remotePath");
     QTest::addColumn<QString>("directory");
 
-    QTest::newRow("empty") << ""
-                           << "/X";
-    QTest::newRow("root") << "/"
-                          << "/X";
-    QTest::newRow("slash at the end") << "/d/b.png/"
-                                      << "/X";
-    QTest::newRow("slash at the end, too in the directory") << "/d/b.png/"
-                                                            << "/X/";
-    QTest::newRow("parent directory") << "/d/.."
-                                      << "/X";
-    QTest::newRow("bare parent directory") << ".."
-                                           << "/X";
-    QTest::newRow("the directory itself") << "/d/."
-                                          << "/X";
-    QTest::newRow("parent of a relative directory") << "/.."
-                                                    << "X";
-    QTest::newRow("parent of the working directory") << "/.."
-                                                     << ".";
-    QTest::newRow("parent of the root") << "/.."
-                                        << "/";
-    QTest::newRow("no directory") << "/b.png"
-                                  << "";
+    addRow("empty", "", "/X");
+    addRow("root", "/", "/X");
+    addRow("slash at the end", "/d/b.png/", "/X");
+    addRow("slash at the end, too in the directory", "/d/b.png/", "/X/");
+    addRow("parent directory", "/d/..", "/X");
+    addRow("bare parent directory", "..", "/X");
+    addRow("the directory itself", "/d/.", "/X");
+    addRow("parent of a relative directory", "/..", "X");
+    addRow("parent of the working directory", "/..", ".");
+    addRow("parent of the root", "/..", "/");
+    addRow("no directory", "/b.png", "");
 }
 
 void tst_download::nameOutsideOfTheDirectoryCountsAsFailed()

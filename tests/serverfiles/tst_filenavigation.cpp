@@ -19,6 +19,7 @@ private slots:
     void upLeadsFromTheRootToTheChannels();
     void refreshAsksAgain();
     void refusedListingKeepsTheTable();
+    void refusedDirectoryIsBrowsedAllTheSame();
     void doubleClickWithoutASelectionDoesNothing();
 };
 
@@ -209,6 +210,24 @@ void tst_filenavigation::refusedListingKeepsTheTable()
         QCOMPARE(window.names(), QStringList({"a.png"}));
         QCOMPARE(window.status.currentMessage(), QString("error 702"));
         QCOMPARE(browsing.host.outstanding, 0);
+    });
+}
+
+// The table stays, the path does not: what a second try asks for.
+void tst_filenavigation::refusedDirectoryIsBrowsedAllTheSame()
+{
+    filebrowsing browsing;
+    browsing.open([&](filewindow& window) {
+        window.enter();
+        browsing.giveDirectory("d");
+        browsing.host.failing.insert("requestFileList");
+        window.doubleClick(0);
+        QTRY_VERIFY(!window.status.currentMessage().isEmpty());
+        QCOMPARE(window.names(), QStringList({"d"}));
+        browsing.host.failing.clear();
+        window.refresh.click();
+        QCOMPARE(browsing.host.requests.last().path, QByteArray("/d"));
+        QCOMPARE(window.table.rowCount(), 0);
     });
 }
 

@@ -1,6 +1,7 @@
 #include "fileparent.h"
 #include "prompts/heldwindow.h"
 #include "serverfiles/ts3downloaddialog.h"
+#include "tests/support/controls.h"
 #include "tests/support/fakehost.h"
 #include "tests/support/whenopen.h"
 
@@ -27,8 +28,8 @@ private slots:
     void cleanup();
 
     void looksAsFormed();
-    void uploadAsksTheClient();
-    void downloadAsksTheClient();
+    void transferAsksTheClient_data();
+    void transferAsksTheClient();
     void textsGoAsSingleBytes();
     void completionEndsItWithSuccess();
     void refusedStartShowsNothing_data();
@@ -46,14 +47,18 @@ private slots:
     void destroyedParentEndsItAsFailed();
 
 private:
+    static void addDirections();
+
     bool runUpload()
     {
-        return upload(host->table(), connection, channel, "pw", "/d/b.png", "/tmp", fileSize, &error, parent);
+        return upload(host->table(), connection, channel, "pw", "/d/b.png", "/nowhere", fileSize, &error, parent);
     }
-    QString runDownload(const QString& remotePath = "/d/b.png", const QString& directory = "/nowhere")
+    QString runDownload()
     {
-        return download(host->table(), connection, channel, "pw", remotePath, fileSize, &error, directory, parent);
+        return download(host->table(), connection, channel, "pw", "/d/b.png", fileSize, &error, "/nowhere", parent);
     }
+    /// The same in one of the two directions; a failed download has no path at all.
+    bool succeeds(bool up) { return up ? runUpload() : !runDownload().isNull(); }
     /// The end of the transfer that was started last.
     void completeTransfer()
     {
@@ -87,40 +92,35 @@ void tst_ts3downloaddialog::looksAsFormed()
     const auto* const bar = dialog.findChild<QProgressBar*>("progressbar");
     QVERIFY(bar);
     QCOMPARE(bar->value(), 0);
-    QVERIFY(dialog.findChild<QHBoxLayout*>("horizontalLayout"));
+    QVERIFY(qobject_cast<QHBoxLayout*>(dialog.layout()));
+    QCOMPARE(controls::partsOf(dialog, "horizontalLayout"), QStringList("progressbar"));
+    QCOMPARE(controls::spokenName(dialog.findChild<QProgressBar*>()), QString("File transfer"));
 }
 
-void tst_ts3downloaddialog::uploadAsksTheClient()
+void tst_ts3downloaddialog::addDirections()
 {
+    QTest::addColumn<bool>("up");
+    QTest::newRow("upload") << true;
+    QTest::newRow("download") << false;
+}
+
+void tst_ts3downloaddialog::transferAsksTheClient_data() { addDirections(); }
+
+void tst_ts3downloaddialog::transferAsksTheClient()
+{
+    QFETCH(bool, up);
     const whenopen<ts3downloaddialog> user([](ts3downloaddialog& dialog) { dialog.reject(); });
-    runUpload();
+    QVERIFY(!succeeds(up));
     QVERIFY(user.ran());
     QCOMPARE(host->requests.size(), 1);
     const filerequest& request = host->requests.first();
-    QCOMPARE(request.function, QByteArray("sendFile"));
-    QCOMPARE(request.schid, connection);
-    QCOMPARE(request.channel, channel);
-    QCOMPARE(request.password, QByteArray("pw"));
-    QCOMPARE(request.path, QByteArray("/d/b.png"));
-    QCOMPARE(request.localDirectory, QByteArray("/tmp"));
-    // An existing file of that name is replaced, and never continued.
-    QCOMPARE(request.overwrite, 1);
-    QCOMPARE(request.resume, 0);
-}
-
-void tst_ts3downloaddialog::downloadAsksTheClient()
-{
-    const whenopen<ts3downloaddialog> user([](ts3downloaddialog& dialog) { dialog.reject(); });
-    runDownload();
-    QVERIFY(user.ran());
-    QCOMPARE(host->requests.size(), 1);
-    const filerequest& request = host->requests.first();
-    QCOMPARE(request.function, QByteArray("requestFile"));
+    QCOMPARE(request.function, QByteArray(up ? "sendFile" : "requestFile"));
     QCOMPARE(request.schid, connection);
     QCOMPARE(request.channel, channel);
     QCOMPARE(request.password, QByteArray("pw"));
     QCOMPARE(request.path, QByteArray("/d/b.png"));
     QCOMPARE(request.localDirectory, QByteArray("/nowhere"));
+    // An existing file of that name is replaced, and never continued.
     QCOMPARE(request.overwrite, 1);
     QCOMPARE(request.resume, 0);
 }
@@ -153,12 +153,7 @@ void tst_ts3downloaddialog::completionEndsItWithSuccess()
     QCOMPARE(error, untouched);
 }
 
-void tst_ts3downloaddialog::refusedStartShowsNothing_data()
-{
-    QTest::addColumn<bool>("up");
-    QTest::newRow("upload") << true;
-    QTest::newRow("download") << false;
-}
+void tst_ts3downloaddialog::refusedStartShowsNothing_data() { addDirections(); }
 
 void tst_ts3downloaddialog::refusedStartShowsNothing()
 {
@@ -166,25 +161,19 @@ void tst_ts3downloaddialog::refusedStartShowsNothing()
     host->failing = {"sendFile", "requestFile"};
     host->failure = ERROR_channel_invalid_password;
     const whenopen<ts3downloaddialog> user([](ts3downloaddialog& dialog) { dialog.reject(); });
-    if (up)
-        QVERIFY(!runUpload());
-    else
-        QVERIFY(runDownload().isNull());
+    QVERIFY(!succeeds(up));
     QVERIFY(!user.ran());
     QCOMPARE(error, static_cast<unsigned int>(ERROR_channel_invalid_password));
     QVERIFY(parent->findChildren<QDialog*>().isEmpty());
 }
 
-void tst_ts3downloaddialog::closedWindowIsAFailureWithoutAnError_data() { refusedStartShowsNothing_data(); }
+void tst_ts3downloaddialog::closedWindowIsAFailureWithoutAnError_data() { addDirections(); }
 
 void tst_ts3downloaddialog::closedWindowIsAFailureWithoutAnError()
 {
     QFETCH(bool, up);
     const whenopen<ts3downloaddialog> user([](ts3downloaddialog& dialog) { dialog.close(); });
-    if (up)
-        QVERIFY(!runUpload());
-    else
-        QVERIFY(runDownload().isNull());
+    QVERIFY(!succeeds(up));
     QVERIFY(user.ran());
     QCOMPARE(error, untouched);
     QVERIFY(parent->findChildren<QDialog*>().isEmpty());
@@ -287,16 +276,13 @@ void tst_ts3downloaddialog::emptyFileDoesNotDivideByZero()
     QVERIFY(user.ran());
 }
 
-void tst_ts3downloaddialog::destroyedParentEndsItAsFailed_data() { refusedStartShowsNothing_data(); }
+void tst_ts3downloaddialog::destroyedParentEndsItAsFailed_data() { addDirections(); }
 
 void tst_ts3downloaddialog::destroyedParentEndsItAsFailed()
 {
     QFETCH(bool, up);
     const whenopen<ts3downloaddialog> user([this](ts3downloaddialog&) { delete parent; });
-    if (up)
-        QVERIFY(!runUpload());
-    else
-        QVERIFY(runDownload().isNull());
+    QVERIFY(!succeeds(up));
     QVERIFY(user.ran());
     QVERIFY(!parent);
     QCOMPARE(error, untouched);
