@@ -1,6 +1,7 @@
 #include "lobbyfixture.h"
 
 #include <QApplication>
+#include <QTest>
 
 namespace {
 
@@ -90,6 +91,17 @@ void lobbyfixture::open(anyID sessionHost, int width, int height)
     QObject::connect(&controller, &fakecontroller::channelDeleted, dialog, &invitationdialog::onChannelDeleted);
     QObject::connect(&controller, &fakecontroller::channelMoved, dialog, &invitationdialog::onChannelMoved);
     QObject::connect(&protocol, &kelvorprotocol::logout, dialog, &invitationdialog::onLogout);
+    QObject::connect(dialog, &invitationdialog::inviteFinished, &controller, [this](int ret, uint64 schid) {
+        QCOMPARE(schid, connection);
+        results.append(ret);
+    });
+}
+
+void lobbyfixture::show()
+{
+    dialog->show();
+    QApplication::setActiveWindow(dialog);
+    QVERIFY(QTest::qWaitForWindowActive(dialog));
 }
 
 void lobbyfixture::connectHost()
@@ -194,6 +206,22 @@ void lobbyfixture::takeBackChannel(uint64 channel)
 {
     selectChannel(channel);
     dialog->takeBack();
+}
+
+void lobbyfixture::acceptClient(anyID client)
+{
+    inviteClient(client);
+    receive(13, QByteArray::number(client));
+    sent();
+}
+
+bool isOpenAbove(const QTreeWidgetItem* row)
+{
+    for (const QTreeWidgetItem* above = row->parent(); above; above = above->parent()) {
+        if (!above->isExpanded())
+            return false;
+    }
+    return row->treeWidget() != nullptr;
 }
 
 QString lookOf(const mytreeitem* row)

@@ -41,6 +41,8 @@ public:
     void openHost();
     /// A guest's, with the client as the session's host.
     void openGuest(anyID sessionHost);
+    /// Brings the window up as the active one.
+    void show();
 
     /// A message of a peer as the voice client delivers it: the kind byte, and the rest behind a blank.
     void receive(int kind, const QByteArray& rest, uint64 schid = connection);
@@ -59,6 +61,18 @@ public:
     void inviteChannel(uint64 channel);
     void takeBackClient(anyID client);
     void takeBackChannel(uint64 channel);
+    /// Invites a client that then accepts, and forgets what was sent for it.
+    void acceptClient(anyID client);
+
+    fakeserver& server() { return host.servers[connection]; }
+    const mytreeitem* client(anyID id) const { return dialog->clientRow(id); }
+    const mytreeitem* channel(uint64 id) const { return dialog->channelRow(id); }
+    template <typename Widget> Widget* widget(const char* name) const
+    {
+        auto* found = dialog->findChild<Widget*>(name);
+        Q_ASSERT(found);
+        return found;
+    }
 
     QString downloadDir = "/downloads"; ///< of the lobby that is opened next
     fakehost host;
@@ -66,6 +80,7 @@ public:
     fakecontroller controller;
     QPointer<invitationdialog> dialog;
     invitetree* tree = nullptr;
+    QList<int> results; ///< that the lobby told at its end
 
 private:
     void open(anyID sessionHost, int width, int height);
@@ -77,3 +92,6 @@ private:
 /// "busy", "invited", "accepted", "rejected", "version", "host", "self"; "channel" and "marked" of a channel; "gone"
 /// without a row; "mixed" when the three don't fit together.
 QString lookOf(const mytreeitem* row);
+
+/// Whether all rows above the row are open, so that the user sees it.
+bool isOpenAbove(const QTreeWidgetItem* row);

@@ -1,3 +1,4 @@
+#include "hosttransitions.h"
 #include "lobbyfixture.h"
 
 #include <QSignalSpy>
@@ -61,128 +62,6 @@ const std::map<QByteArray, QList<QByteArray>> roads = {
     {"version", {"invite", "rejectVersion"}},
     {"busy", {"invite", "busy"}},
     {"self", {}},
-};
-
-struct transition {
-    const char* state;
-    const char* event;
-    const char* look; ///< of the row afterwards
-    const char* lists;
-    const char* sent;
-};
-
-const transition transitions[] = {
-    {"none", "accept", "none", "A 3|I|R|C", ""},
-    {"none", "reject", "rejected", "A 3|I|R 2|C", "11 1 2>3"},
-    {"none", "rejectVersion", "version", "A 3|I|R 2|C", "12 1 2>3"},
-    {"none", "busy", "busy", "A 3|I|R 2|C", "11 1 2>3"},
-    {"none", "logout", "none", "A 3|I|R|C", ""},
-    {"none", "pong", "plugin", "A 3|I|R|C", ""},
-    {"none", "invite", "invited", "A 3|I 2|R|C", "1 2 1>2, 6 1 2>3"},
-    {"none", "take back", "none", "A 3|I|R|C", ""},
-    {"none", "left", "gone", "A 3|I|R|C", ""},
-    {"none", "moved", "none", "A 3|I|R|C", ""},
-    {"none", "connected", "none", "A 3|I|R|C", "22 1>2"},
-    {"none", "channel deleted", "gone", "A 3|I|R|C", ""},
-    {"none", "channel moved", "none", "A 3|I|R|C", ""},
-
-    {"plugin", "accept", "plugin", "A 3|I|R|C", ""},
-    {"plugin", "reject", "rejected", "A 3|I|R 2|C", "11 1 2>3"},
-    {"plugin", "rejectVersion", "version", "A 3|I|R 2|C", "12 1 2>3"},
-    {"plugin", "busy", "busy", "A 3|I|R 2|C", "11 1 2>3"},
-    {"plugin", "logout", "plugin", "A 3|I|R|C", ""},
-    {"plugin", "pong", "plugin", "A 3|I|R|C", ""},
-    {"plugin", "invite", "invited", "A 3|I 2|R|C", "1 2 1>2, 6 1 2>3"},
-    {"plugin", "take back", "plugin", "A 3|I|R|C", ""},
-    {"plugin", "left", "gone", "A 3|I|R|C", ""},
-    {"plugin", "moved", "plugin", "A 3|I|R|C", ""},
-    {"plugin", "connected", "plugin", "A 3|I|R|C", "22 1>2"},
-    {"plugin", "channel deleted", "gone", "A 3|I|R|C", ""},
-    {"plugin", "channel moved", "plugin", "A 3|I|R|C", ""},
-
-    {"invited", "accept", "accepted", "A 3 2|I|R|C", "4 1 3>2, 10 1 2>3"},
-    {"invited", "reject", "rejected", "A 3|I|R 2|C", "11 1 2>3"},
-    {"invited", "rejectVersion", "version", "A 3|I|R 2|C", "12 1 2>3"},
-    {"invited", "busy", "busy", "A 3|I|R 2|C", "11 1 2>3"},
-    {"invited", "logout", "none", "A 3|I|R|C", ""},
-    {"invited", "pong", "invited", "A 3|I 2|R|C", ""},
-    {"invited", "invite", "invited", "A 3|I 2|R|C", ""},
-    {"invited", "take back", "none", "A 3|I|R|C", "21 1>2, 8 1 2>3"},
-    {"invited", "left", "gone", "A 3|I|R|C", ""},
-    {"invited", "moved", "invited", "A 3|I 2|R|C", ""},
-    {"invited", "connected", "invited", "A 3|I 2|R|C", "22 1>2"},
-    {"invited", "channel deleted", "gone", "A 3|I 2|R|C", ""},
-    {"invited", "channel moved", "invited", "A 3|I 2|R|C", ""},
-
-    {"accepted", "accept", "accepted", "A 3 2|I|R|C", ""},
-    {"accepted", "reject", "rejected", "A 3|I|R 2|C", "11 1 2>3"},
-    {"accepted", "rejectVersion", "version", "A 3|I|R 2|C", "12 1 2>3"},
-    {"accepted", "busy", "busy", "A 3|I|R 2|C", "11 1 2>3"},
-    {"accepted", "logout", "none", "A 3|I|R|C", ""},
-    {"accepted", "pong", "accepted", "A 3 2|I|R|C", ""},
-    {"accepted", "invite", "accepted", "A 3 2|I|R|C", ""},
-    {"accepted", "take back", "none", "A 3|I|R|C", "21 1>2, 8 1 2>3"},
-    {"accepted", "left", "gone", "A 3|I|R|C", ""},
-    {"accepted", "moved", "accepted", "A 3 2|I|R|C", ""},
-    {"accepted", "connected", "accepted", "A 3 2|I|R|C", "22 1>2"},
-    {"accepted", "channel deleted", "gone", "A 3 2|I|R|C", ""},
-    {"accepted", "channel moved", "accepted", "A 3 2|I|R|C", ""},
-
-    {"rejected", "accept", "rejected", "A 3|I|R 2|C", ""},
-    {"rejected", "reject", "rejected", "A 3|I|R 2|C", "11 1 2>3"},
-    {"rejected", "rejectVersion", "version", "A 3|I|R 2|C", "12 1 2>3"},
-    {"rejected", "busy", "busy", "A 3|I|R 2|C", "11 1 2>3"},
-    {"rejected", "logout", "none", "A 3|I|R 2|C", ""},
-    {"rejected", "pong", "rejected", "A 3|I|R 2|C", ""},
-    {"rejected", "invite", "invited", "A 3|I 2|R|C", "1 2 1>2, 6 1 2>3"},
-    {"rejected", "take back", "none", "A 3|I|R 2|C", "21 1>2, 8 1 2>3"},
-    {"rejected", "left", "gone", "A 3|I|R|C", ""},
-    {"rejected", "moved", "rejected", "A 3|I|R 2|C", ""},
-    {"rejected", "connected", "rejected", "A 3|I|R 2|C", "22 1>2"},
-    {"rejected", "channel deleted", "gone", "A 3|I|R 2|C", ""},
-    {"rejected", "channel moved", "rejected", "A 3|I|R 2|C", ""},
-
-    {"version", "accept", "version", "A 3|I|R 2|C", ""},
-    {"version", "reject", "rejected", "A 3|I|R 2|C", "11 1 2>3"},
-    {"version", "rejectVersion", "version", "A 3|I|R 2|C", "12 1 2>3"},
-    {"version", "busy", "busy", "A 3|I|R 2|C", "11 1 2>3"},
-    {"version", "logout", "none", "A 3|I|R 2|C", ""},
-    {"version", "pong", "version", "A 3|I|R 2|C", ""},
-    {"version", "invite", "invited", "A 3|I 2|R|C", "1 2 1>2, 6 1 2>3"},
-    {"version", "take back", "none", "A 3|I|R 2|C", "21 1>2, 8 1 2>3"},
-    {"version", "left", "gone", "A 3|I|R|C", ""},
-    {"version", "moved", "version", "A 3|I|R 2|C", ""},
-    {"version", "connected", "version", "A 3|I|R 2|C", "22 1>2"},
-    {"version", "channel deleted", "gone", "A 3|I|R 2|C", ""},
-    {"version", "channel moved", "version", "A 3|I|R 2|C", ""},
-
-    {"busy", "accept", "busy", "A 3|I|R 2|C", ""},
-    {"busy", "reject", "rejected", "A 3|I|R 2|C", "11 1 2>3"},
-    {"busy", "rejectVersion", "version", "A 3|I|R 2|C", "12 1 2>3"},
-    {"busy", "busy", "busy", "A 3|I|R 2|C", "11 1 2>3"},
-    {"busy", "logout", "none", "A 3|I|R 2|C", ""},
-    {"busy", "pong", "busy", "A 3|I|R 2|C", ""},
-    {"busy", "invite", "invited", "A 3|I 2|R|C", "1 2 1>2, 6 1 2>3"},
-    {"busy", "take back", "none", "A 3|I|R 2|C", "21 1>2, 8 1 2>3"},
-    {"busy", "left", "gone", "A 3|I|R|C", ""},
-    {"busy", "moved", "busy", "A 3|I|R 2|C", ""},
-    {"busy", "connected", "busy", "A 3|I|R 2|C", "22 1>2"},
-    {"busy", "channel deleted", "gone", "A 3|I|R 2|C", ""},
-    {"busy", "channel moved", "busy", "A 3|I|R 2|C", ""},
-
-    {"self", "accept", "self", "A 3|I|R|C", ""},
-    {"self", "reject", "rejected", "A 3|I|R 1|C", "11 1 1>3"},
-    {"self", "rejectVersion", "version", "A 3|I|R 1|C", "12 1 1>3"},
-    {"self", "busy", "busy", "A 3|I|R 1|C", "11 1 1>3"},
-    {"self", "logout", "none", "A 3|I|R|C", ""},
-    {"self", "pong", "self", "A 3|I|R|C", ""},
-    {"self", "invite", "self", "A 3|I|R|C", ""},
-    {"self", "take back", "none", "A 3|I|R|C", "21 1>1, 8 1 1>3"},
-    {"self", "left", "gone", "A 3|I|R|C", ""},
-    {"self", "moved", "self", "A 3|I|R|C", ""},
-    {"self", "connected", "self", "A 3|I|R|C", "22 1>1"},
-    {"self", "channel deleted", "gone", "A 3|I|R|C", ""},
-    {"self", "channel moved", "self", "A 3|I|R|C", ""},
 };
 
 const QList<QByteArray> guestsOnly = {"takeBack received",    "invitelist",           "acceptlist",
@@ -251,7 +130,7 @@ void tst_hosttransitions::everyTransition_data()
     QTest::addColumn<QString>("look");
     QTest::addColumn<QString>("lists");
     QTest::addColumn<QString>("sent");
-    for (const transition& row : transitions)
+    for (const transition& row : hostTransitions)
         QTest::addRow("%s, %s", row.state, row.event) << QByteArray(row.state) << QByteArray(row.event)
                                                       << QString(row.look) << QString(row.lists) << QString(row.sent);
 }

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-/// What the host's lobby does beyond the single transition: whole lists, channels, many rows at once.
+/// What the host's lobby does beyond the single transition: whole lists, many rows at once.
 class tst_lobbystate : public QObject {
     Q_OBJECT
 
@@ -21,16 +21,6 @@ private slots:
     void logoutIsNotTold();
     void logoutWithoutASenderLeavesTheLobbyOpen();
     void answersOfClientZeroStandInNoList();
-    void channelInvitesThoseInIt();
-    void channelInvitesItsSubChannels();
-    void channelInvitesOnlyFreshRows();
-    void emptyChannelIsMarked();
-    void channelActsOnce();
-    void channelIsTakenBackWithThoseInIt();
-    void subChannelIsTakenBackAsAClientZero();
-    void channelRowByEachAction_data();
-    void channelRowByEachAction();
-    void deletedChannelStaysAmongTheInvited();
     void selectionIsInvitedInOneGo();
     void selectionIsTakenBackInOneGo();
     void nothingSelectedDoesNothing();
@@ -42,8 +32,6 @@ private slots:
     void rowsThatVanishMeanwhileAreSkipped();
 
 private:
-    void accept(anyID client);
-
     std::unique_ptr<lobbyfixture> lobby;
 };
 
@@ -61,13 +49,6 @@ void tst_lobbystate::cleanup()
     lobby.reset();
 }
 
-void tst_lobbystate::accept(anyID client)
-{
-    lobby->inviteClient(client);
-    lobby->receive(13, QByteArray::number(client));
-    lobby->sent();
-}
-
 void tst_lobbystate::newGuestIsBroughtUpToDateInOrder()
 {
     fakeserver& server = lobby->host.servers[1];
@@ -75,8 +56,8 @@ void tst_lobbystate::newGuestIsBroughtUpToDateInOrder()
         server.addClient(client, "Guest");
         emit lobby->controller.clientConnected(1, client, 1);
     }
-    accept(10);
-    accept(11);
+    lobby->acceptClient(10);
+    lobby->acceptClient(11);
     lobby->inviteClient(12);
     lobby->inviteClient(13);
     lobby->inviteClient(14);
@@ -128,14 +109,14 @@ void tst_lobbystate::lateAcceptIsIgnored()
         lobby->receive(answer, "2");
     lobby->sent();
     lobby->receive(13, "2");
-    QTEST(lookOf(lobby->dialog->clientRow(2)), "look");
+    QTEST(lookOf(lobby->client(2)), "look");
     QCOMPARE(lobby->dialog->accepted(), QList<anyID>());
     QCOMPARE(lobby->sent(), QStringList());
 }
 
 void tst_lobbystate::doubledAnswersChangeNothingMore()
 {
-    accept(3);
+    lobby->acceptClient(3);
     lobby->inviteClient(2);
     lobby->sent();
     lobby->receive(13, "2");
@@ -150,26 +131,26 @@ void tst_lobbystate::doubledAnswersChangeNothingMore()
 
 void tst_lobbystate::busyIsARejectionToTheOthers()
 {
-    accept(3);
+    lobby->acceptClient(3);
     lobby->inviteClient(2);
     lobby->sent();
     lobby->receive(24, "2");
-    QCOMPARE(lookOf(lobby->dialog->clientRow(2)), QString("busy"));
+    QCOMPARE(lookOf(lobby->client(2)), QString("busy"));
     QCOMPARE(lobby->sent(), QStringList({"11 1 2>3"}));
 
     lobby.reset();
     lobby = std::make_unique<lobbyfixture>();
     lobby->openGuest(1);
     lobby->receive(11, "1 2");
-    QCOMPARE(lookOf(lobby->dialog->clientRow(2)), QString("rejected"));
+    QCOMPARE(lookOf(lobby->client(2)), QString("rejected"));
 }
 
 void tst_lobbystate::logoutIsNotTold()
 {
-    accept(3);
-    accept(2);
+    lobby->acceptClient(3);
+    lobby->acceptClient(2);
     lobby->receive(18, "2");
-    QCOMPARE(lookOf(lobby->dialog->clientRow(2)), QString("none"));
+    QCOMPARE(lookOf(lobby->client(2)), QString("none"));
     QCOMPARE(lobby->dialog->accepted(), QList<anyID>{3});
     QCOMPARE(lobby->sent(), QStringList());
 }
@@ -187,186 +168,16 @@ void tst_lobbystate::logoutWithoutASenderLeavesTheLobbyOpen()
 
 void tst_lobbystate::answersOfClientZeroStandInNoList()
 {
-    accept(3);
+    lobby->acceptClient(3);
     for (const int kind : {13, 14, 15, 24, 18})
         lobby->receive(kind, "0");
     QCOMPARE(lobby->lists(), QString("A 3|I|R|C"));
     QCOMPARE(lobby->sent(), QStringList({"11 1 0>3", "12 1 0>3", "11 1 0>3"}));
 }
 
-void tst_lobbystate::channelInvitesThoseInIt()
-{
-    accept(3);
-    lobby->inviteChannel(1);
-    QCOMPARE(lobby->sent(), QStringList({"1 2 1>2", "6 1 2>3", "7 1 1>3"}));
-    QCOMPARE(lobby->lists(), QString("A 3|I 2|R|C 1"));
-    QCOMPARE(lookOf(lobby->dialog->channelRow(1)), QString("marked"));
-    QCOMPARE(lookOf(lobby->dialog->clientRow(1)), QString("self"));
-    QCOMPARE(lookOf(lobby->dialog->clientRow(5)), QString("none"));
-}
-
-void tst_lobbystate::channelInvitesItsSubChannels()
-{
-    accept(2);
-    lobby->inviteChannel(2);
-    QCOMPARE(lobby->sent(), QStringList({"1 2 1>4", "6 1 4>2", "7 1 3>2", "1 2 1>3", "6 1 3>2", "7 1 2>2"}));
-    QCOMPARE(lobby->lists(), QString("A 2|I 4 3|R|C 3 2"));
-    for (const uint64 channel : QList<uint64>{2, 3})
-        QCOMPARE(lookOf(lobby->dialog->channelRow(channel)), QString("marked"));
-}
-
-void tst_lobbystate::channelInvitesOnlyFreshRows()
-{
-    lobby->inviteClient(4);
-    lobby->receive(14, "4");
-    lobby->inviteChannel(3);
-    lobby->takeBackChannel(3);
-    // Taking back made the row fresh, though the refusal is still on record.
-    QCOMPARE(lookOf(lobby->dialog->clientRow(4)), QString("none"));
-    QCOMPARE(lobby->lists(), QString("A|I|R 4|C"));
-    lobby->receive(15, "4");
-    lobby->sent();
-    lobby->inviteChannel(2);
-    QCOMPARE(lobby->sent(), QStringList({"1 2 1>3"}));
-    QCOMPARE(lookOf(lobby->dialog->clientRow(4)), QString("version"));
-}
-
-void tst_lobbystate::emptyChannelIsMarked()
-{
-    accept(3);
-    lobby->inviteChannel(4);
-    QCOMPARE(lobby->sent(), QStringList({"7 1 4>3"}));
-    QCOMPARE(lookOf(lobby->dialog->channelRow(4)), QString("marked"));
-    QCOMPARE(lobby->lists(), QString("A 3|I|R|C 4"));
-}
-
-void tst_lobbystate::channelActsOnce()
-{
-    lobby->inviteChannel(4);
-    lobby->inviteChannel(3);
-    lobby->sent();
-    emit lobby->controller.clientMoved(1, 2, 1, 4);
-    emit lobby->controller.clientConnected(1, 77, 4);
-    emit lobby->controller.clientMoved(1, 4, 3, 1);
-    QCOMPARE(lobby->rows(), QString("Lobby[Me, Query, Cleo], Games[Chess, Bert], Empty[Anna, ERROR getting nickname]"));
-    QCOMPARE(lobby->sent(), QStringList({"22 1>77"}));
-    QCOMPARE(lobby->lists(), QString("A|I 4|R|C 4 3"));
-    QCOMPARE(lookOf(lobby->dialog->clientRow(2)), QString("none"));
-    QCOMPARE(lookOf(lobby->dialog->clientRow(4)), QString("invited"));
-}
-
-void tst_lobbystate::channelIsTakenBackWithThoseInIt()
-{
-    accept(3);
-    accept(4);
-    lobby->inviteChannel(3);
-    lobby->sent();
-    lobby->takeBackChannel(3);
-    QCOMPARE(lobby->sent(), QStringList({"21 1>4", "8 1 4>3", "9 1 3>3"}));
-    QCOMPARE(lobby->lists(), QString("A 3|I|R|C"));
-    QCOMPARE(lookOf(lobby->dialog->channelRow(3)), QString("channel"));
-    QCOMPARE(lookOf(lobby->dialog->clientRow(4)), QString("none"));
-}
-
-// The rows below the sub-channel stay as they are, and it stays on record as invited.
-void tst_lobbystate::subChannelIsTakenBackAsAClientZero()
-{
-    accept(2);
-    lobby->inviteChannel(2);
-    lobby->sent();
-    lobby->takeBackChannel(2);
-    QCOMPARE(lobby->sent(), QStringList({"21 1>", "8 1 0>2", "21 1>3", "8 1 3>2", "9 1 2>2"}));
-    QCOMPARE(lobby->lists(), QString("A 2|I 4|R|C 3"));
-    QCOMPARE(lookOf(lobby->dialog->channelRow(3)), QString("channel"));
-    QCOMPARE(lookOf(lobby->dialog->clientRow(4)), QString("invited"));
-    QCOMPARE(lookOf(lobby->dialog->channelRow(2)), QString("channel"));
-}
-
-void tst_lobbystate::channelRowByEachAction_data()
-{
-    QTest::addColumn<bool>("marked");
-    QTest::addColumn<QString>("event");
-    QTest::addColumn<QString>("look");
-    QTest::addColumn<QString>("lists");
-    QTest::addColumn<QString>("sent");
-    QTest::newRow("none, invite") << false << "invite"
-                                  << "marked"
-                                  << "A 2|I 4|R|C 3"
-                                  << "1 2 1>4, 6 1 4>2, 7 1 3>2";
-    QTest::newRow("none, take back") << false << "take back"
-                                     << "channel"
-                                     << "A 2|I|R|C"
-                                     << "";
-    QTest::newRow("none, created again") << false << "created"
-                                         << "channel"
-                                         << "A 2|I|R|C"
-                                         << "";
-    QTest::newRow("none, moved") << false << "moved"
-                                 << "channel"
-                                 << "A 2|I|R|C"
-                                 << "";
-    QTest::newRow("none, deleted") << false << "deleted"
-                                   << "gone"
-                                   << "A 2|I|R|C"
-                                   << "";
-    QTest::newRow("invited, invite") << true << "invite"
-                                     << "marked"
-                                     << "A 2|I 4|R|C 3"
-                                     << "";
-    QTest::newRow("invited, take back") << true << "take back"
-                                        << "channel"
-                                        << "A 2|I|R|C"
-                                        << "21 1>4, 8 1 4>2, 9 1 3>2";
-    QTest::newRow("invited, created again") << true << "created"
-                                            << "marked"
-                                            << "A 2|I 4|R|C 3"
-                                            << "";
-    QTest::newRow("invited, moved") << true << "moved"
-                                    << "marked"
-                                    << "A 2|I 4|R|C 3"
-                                    << "";
-    QTest::newRow("invited, deleted") << true << "deleted"
-                                      << "gone"
-                                      << "A 2|I 4|R|C 3"
-                                      << "";
-}
-
-void tst_lobbystate::channelRowByEachAction()
-{
-    QFETCH(bool, marked);
-    QFETCH(QString, event);
-    accept(2);
-    if (marked)
-        lobby->inviteChannel(3);
-    lobby->sent();
-    if (event == "invite")
-        lobby->inviteChannel(3);
-    else if (event == "take back")
-        lobby->takeBackChannel(3);
-    else if (event == "created")
-        emit lobby->controller.channelCreated(1, 3, 2);
-    else if (event == "moved")
-        emit lobby->controller.channelMoved(1, 3, 1);
-    else
-        emit lobby->controller.channelDeleted(1, 3);
-    QTEST(lookOf(lobby->dialog->channelRow(3)), "look");
-    QTEST(lobby->lists(), "lists");
-    QTEST(lobby->sent().join(", "), "sent");
-}
-
-void tst_lobbystate::deletedChannelStaysAmongTheInvited()
-{
-    lobby->inviteChannel(4);
-    emit lobby->controller.channelDeleted(1, 4);
-    lobby->inviteClient(2);
-    lobby->sent();
-    lobby->receive(13, "2");
-    QCOMPARE(lobby->sent(), QStringList({"3 1 4>2"}));
-}
-
 void tst_lobbystate::selectionIsInvitedInOneGo()
 {
-    accept(4);
+    lobby->acceptClient(4);
     lobby->inviteClient(5);
     lobby->tree->selectAll();
     lobby->sent();
@@ -384,17 +195,17 @@ void tst_lobbystate::selectionIsInvitedInOneGo()
 
 void tst_lobbystate::selectionIsTakenBackInOneGo()
 {
-    accept(4);
+    lobby->acceptClient(4);
     lobby->inviteClient(2);
     lobby->inviteClient(3);
     lobby->receive(14, "3");
     lobby->sent();
-    lobby->select({lobby->dialog->clientRow(2), lobby->dialog->clientRow(3), lobby->dialog->channelRow(4)});
+    lobby->select({lobby->client(2), lobby->client(3), lobby->channel(4)});
     lobby->dialog->takeBack();
     // The refused one too, though it alone would not have enabled the action; its refusal stays on record.
     QCOMPARE(lobby->sent(), QStringList({"21 1>2", "8 1 2>4", "21 1>3", "8 1 3>4"}));
     QCOMPARE(lobby->lists(), QString("A 4|I|R 3|C"));
-    QCOMPARE(lookOf(lobby->dialog->clientRow(3)), QString("none"));
+    QCOMPARE(lookOf(lobby->client(3)), QString("none"));
 }
 
 void tst_lobbystate::nothingSelectedDoesNothing()
@@ -410,10 +221,10 @@ void tst_lobbystate::ownRowCanBeTakenBackAndInvited()
 {
     lobby->takeBackClient(1);
     QCOMPARE(lobby->sent(), QStringList({"21 1>1"}));
-    QCOMPARE(lookOf(lobby->dialog->clientRow(1)), QString("none"));
+    QCOMPARE(lookOf(lobby->client(1)), QString("none"));
     lobby->inviteClient(1);
     QCOMPARE(lobby->sent(), QStringList({"1 2 1>1"}));
-    QCOMPARE(lookOf(lobby->dialog->clientRow(1)), QString("invited"));
+    QCOMPARE(lookOf(lobby->client(1)), QString("invited"));
 }
 
 void tst_lobbystate::queryClientsAreNeverInvited_data()
@@ -434,7 +245,7 @@ void tst_lobbystate::queryClientsAreNeverInvited()
     lobby->host.servers[1].clients[5].platform = platform;
     lobby->inviteClient(5);
     QCOMPARE(lobby->sent(), invited ? QStringList("1 2 1>5") : QStringList());
-    QCOMPARE(lookOf(lobby->dialog->clientRow(5)), QString(invited ? "invited" : "none"));
+    QCOMPARE(lookOf(lobby->client(5)), QString(invited ? "invited" : "none"));
     QCOMPARE(lobby->host.printed, QList<QByteArray>());
 }
 
@@ -448,7 +259,7 @@ void tst_lobbystate::unreadablePlatformIsInvited()
 
 void tst_lobbystate::withoutAnOwnIdNothingIsSent()
 {
-    accept(3);
+    lobby->acceptClient(3);
     lobby->host.failing = {"getClientID", "getClientVariableAsString"};
     lobby->inviteChannel(1);
     lobby->inviteChannel(2);
@@ -464,13 +275,12 @@ void tst_lobbystate::rowsThatVanishMeanwhileAreSkipped()
 {
     const QMetaObject::Connection meanwhile =
         connect(lobby->tree, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* item) {
-            if (item == lobby->dialog->clientRow(2)) {
+            if (item == lobby->client(2)) {
                 emit lobby->controller.clientLeft(1, 3, 2);
                 emit lobby->controller.channelDeleted(1, 3);
             }
         });
-    lobby->select({lobby->dialog->clientRow(2), lobby->dialog->clientRow(3), lobby->dialog->channelRow(2),
-                   lobby->dialog->channelRow(3)});
+    lobby->select({lobby->client(2), lobby->client(3), lobby->channel(2), lobby->channel(3)});
     lobby->dialog->invite();
     disconnect(meanwhile);
     QCOMPARE(lobby->rows(), QString("Lobby[Me, Anna, Query], Games, Empty"));
