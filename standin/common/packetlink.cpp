@@ -1,5 +1,6 @@
 #include "packetlink.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEvent>
@@ -127,6 +128,11 @@ void packetlink::enqueue(const packet& message)
 void packetlink::handOutNext()
 {
     // A packet that waitFor took leaves its event behind.
+    if (queue.isEmpty())
+        return;
+    const packet next = queue.dequeue();
+    // A nested loop that the receiver opens would sleep on the events that were posted before it began.
     if (!queue.isEmpty())
-        emit received(queue.dequeue());
+        QAbstractEventDispatcher::instance()->wakeUp();
+    emit received(next);
 }

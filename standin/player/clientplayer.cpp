@@ -3,6 +3,7 @@
 #include "standin/client/voiceclient.h"
 #include "standin/common/words.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QEvent>
 
@@ -91,14 +92,21 @@ void clientplayer::begin(const QByteArray& line)
 
 void clientplayer::attempt()
 {
-    if (!current || acting)
+    if (!current)
         return;
+    if (acting) {
+        // The action opened a nested loop, which sleeps on the events that were posted before it began.
+        QAbstractEventDispatcher::instance()->wakeUp();
+        retryTimer.start(retryInterval);
+        return;
+    }
     const playoutcome outcome = verbs.value(current->verb)(*current);
     if (outcome.state != playstate::acted && outcome.state != playstate::again) {
         settle(outcome);
         return;
     }
     acting = true;
+    retryTimer.start(retryInterval);
     afterActing = outcome.state == playstate::acted ? playDone(outcome.text) : playAgain();
     QCoreApplication::postEvent(this, new QEvent(actionDelivered));
 }

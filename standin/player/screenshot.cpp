@@ -13,9 +13,10 @@ QSize screenSize() { return QGuiApplication::primaryScreen()->availableSize(); }
 
 bool canReadScreen() { return QGuiApplication::platformName() == QLatin1String("xcb"); }
 
-QImage ofScreen()
+QImage ofScreen(const QRect& part)
 {
-    const QImage picture = canReadScreen() ? QGuiApplication::primaryScreen()->grabWindow(0).toImage() : QImage();
+    const QImage whole = canReadScreen() ? QGuiApplication::primaryScreen()->grabWindow(0).toImage() : QImage();
+    const QImage picture = part.isNull() ? whole : whole.copy(part);
     QWidget* const front = windowfinder::window(QStringLiteral("QWidget"));
     return picture.isNull() && front ? ofWindow(front) : picture;
 }

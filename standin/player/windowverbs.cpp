@@ -99,22 +99,26 @@ playoutcome screenSize(playrequest&)
     return playDone(QStringLiteral("%1 %2").arg(size.width()).arg(size.height()));
 }
 
-// shot FILE [WINDOW|screen]: as it stands on the screen. The window is brought to the front, and the picture is taken
-// once it has stood still for a while, since the window system frames and paints windows in its own time.
+// shot FILE [WINDOW | screen [X,Y,WIDTH,HEIGHT]]: as it stands on the screen. The window is brought to the front, and
+// the picture is taken once it has stood still for a while, since the window system frames and paints windows in its
+// own time.
 playoutcome shot(playrequest& request)
 {
     constexpr int stillFor = 8; // tries in a row
     const QString wanted = request.words.size() > 1 ? request.rest(1) : QStringLiteral("any");
-    const bool wholeScreen = wanted == QLatin1String("screen");
-    QWidget* const window = wholeScreen ? nullptr : windowfinder::window(wanted);
-    if (!wholeScreen && !window)
+    const bool ofScreen = request.word(1) == QLatin1String("screen");
+    const QRect part = readGeometry(request.word(2));
+    if (ofScreen && request.words.size() > 2 && part.isNull())
+        return playFailed(QStringLiteral("'%1' is no part of the screen").arg(request.word(2)));
+    QWidget* const window = ofScreen ? nullptr : windowfinder::window(wanted);
+    if (!ofScreen && !window)
         return playWaiting(QStringLiteral("no window '%1'").arg(wanted));
     if (request.phase == 0) {
         if (window && screenshot::canReadScreen())
             QMetaObject::invokeMethod(window, "raise", Qt::QueuedConnection);
         return playAgain();
     }
-    const QImage now = wholeScreen ? screenshot::ofScreen() : screenshot::ofWindow(window);
+    const QImage now = ofScreen ? screenshot::ofScreen(part) : screenshot::ofWindow(window);
     const QString looks = QString::number(
         qHash(QByteArray::fromRawData(reinterpret_cast<const char*>(now.constBits()), int(now.sizeInBytes()))));
     const bool same = request.note.section(QLatin1Char(' '), 0, 0) == looks;

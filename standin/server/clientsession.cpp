@@ -161,42 +161,42 @@ bool clientsession::listFiles(const packet& message)
 
 bool clientsession::upload(const packet& message)
 {
-    quint16 transfer = 0;
-    quint64 channel = 0;
-    QByteArray password;
-    QByteArray path;
+    transferwish wish;
     quint64 size = 0;
     bool overwrite = false;
-    if (!readPacket(message, transfer, channel, password, path, size, overwrite))
+    if (!readPacket(message, wish.transfer, wish.channel, wish.password, wish.path, size, overwrite))
         return false;
-    QString file;
-    unsigned int error = server->checkPassword(channel, password);
-    if (error == ERROR_ok)
-        error = server->files().locateForWriting(channel, path, overwrite, &file);
-    if (error == ERROR_ok)
-        desk.beginUpload(transfer, file, size);
-    else
-        desk.refuse(transfer, error);
+    const filestore& files = server->files();
+    const QString file =
+        locate(wish, [&](QString* place) { return files.locateForWriting(wish.channel, wish.path, overwrite, place); });
+    if (!file.isEmpty())
+        desk.beginUpload(wish.transfer, file, size);
     return true;
 }
 
 bool clientsession::download(const packet& message)
 {
-    quint16 transfer = 0;
-    quint64 channel = 0;
-    QByteArray password;
-    QByteArray path;
-    if (!readPacket(message, transfer, channel, password, path))
+    transferwish wish;
+    if (!readPacket(message, wish.transfer, wish.channel, wish.password, wish.path))
         return false;
-    QString file;
-    unsigned int error = server->checkPassword(channel, password);
-    if (error == ERROR_ok)
-        error = server->files().locateForReading(channel, path, &file);
-    if (error == ERROR_ok)
-        desk.beginDownload(transfer, file);
-    else
-        desk.refuse(transfer, error);
+    const filestore& files = server->files();
+    const QString file =
+        locate(wish, [&](QString* place) { return files.locateForReading(wish.channel, wish.path, place); });
+    if (!file.isEmpty())
+        desk.beginDownload(wish.transfer, file);
     return true;
+}
+
+QString clientsession::locate(const transferwish& wish, const std::function<unsigned int(QString*)>& inStore)
+{
+    QString file;
+    unsigned int error = server->checkPassword(wish.channel, wish.password);
+    if (error == ERROR_ok)
+        error = inStore(&file);
+    if (error == ERROR_ok)
+        return file;
+    desk.refuse(wish.transfer, error);
+    return QString();
 }
 
 bool clientsession::changeChannels(const packet& message)

@@ -8,6 +8,8 @@
 #include <QElapsedTimer>
 #include <QObject>
 
+#include <functional>
+
 class voiceserver;
 
 /// The server's end of the link to one client: reads what the client asks and answers. Owned by the server, deletes
@@ -34,8 +36,16 @@ private:
     bool login(const packet& message);
     bool relayCommand(const packet& message);
     bool listFiles(const packet& message);
+    struct transferwish {
+        quint16 transfer = 0;
+        quint64 channel = 0;
+        QByteArray password;
+        QByteArray path;
+    };
     bool upload(const packet& message);
     bool download(const packet& message);
+    /// The file behind a transfer, when the channel's password is right and the store agrees; empty after a refusal.
+    QString locate(const transferwish& wish, const std::function<unsigned int(QString*)>& inStore);
     bool changeChannels(const packet& message);
     bool moveClient(const packet& message);
     void notice(unsigned int error, const QString& text);
