@@ -37,7 +37,9 @@ cutout::cutout(const QImage& picture, const QPoint& first, const QPoint& second)
         areaWidth = 0;
         areaHeight = 0;
     } else {
-        const QRect held = picture.rect().intersected(QRect(first, second));
+        // Compared corner by corner: a rectangle to the edges of 32 bits has no width that fits them.
+        const QRect held(QPoint(std::max(first.x(), 0), std::max(first.y(), 0)),
+                         QPoint(std::min(second.x(), picture.width() - 1), std::min(second.y(), picture.height() - 1)));
         // An area beside the picture holds one transparent pixel of it, for the format.
         pixels = picture.copy(held.isEmpty() ? QRect(-1, -1, 1, 1) : held);
         offsetLeft = held.isEmpty() ? 0 : qint64(held.left()) - first.x();

@@ -10,9 +10,7 @@
 
 namespace {
 
-/// No disc of a chain lies further from its neighbour than this, in either direction.
-constexpr int longestStep = 2;
-
+/// A disc is measured in strips of at least so many rows, but not in many strips.
 constexpr int fewestRows = 64;
 constexpr int mostStrips = 16;
 /// How far, at most, the toolkit's disc keeps from a circle, in pixels; further off it is found as well, but slower.
@@ -28,15 +26,10 @@ int cut(qreal value) { return strokes::saturated(static_cast<qint64>(value)); }
 
 discshape::discshape(qreal thick)
 {
-    const qreal width = std::isnan(thick) ? 0.0 : std::clamp<qreal>(thick, -widest, widest);
+    const qreal width = std::isnan(thick) ? 0.0 : std::clamp<qreal>(thick, 2 - widest, widest);
     half = width * 0.5;
     extent = static_cast<int>(width) - 1;
     measureRows(boxAround(QPoint()).width());
-    joined = true;
-    for (int right = 0; right <= longestStep; ++right) {
-        for (int down = 0; down <= longestStep; ++down)
-            joined = joined && touches(right, down);
-    }
 }
 
 QRect discshape::boxAround(const QPoint& place) const
@@ -95,16 +88,4 @@ bool discshape::measureStrip(int across, int top, int rowCount, const columns& l
         insets[static_cast<std::size_t>(top + row)] = skipped < looked.count ? looked.first + skipped : emptyRow;
     }
     return found;
-}
-
-/// Whether every row of a disc touches or overlaps that of a disc further right and down by this.
-bool discshape::touches(int right, int down) const
-{
-    for (std::size_t row = static_cast<std::size_t>(down); row < insets.size(); ++row) {
-        const int upper = insets[row - static_cast<std::size_t>(down)];
-        const int lower = insets[row];
-        if (upper != emptyRow && lower != emptyRow && right + upper > size() - lower)
-            return false;
-    }
-    return true;
 }

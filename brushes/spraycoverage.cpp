@@ -20,16 +20,26 @@ spraycoverage::spraycoverage(const QRect& area)
 {
 }
 
+/// In each row that two neighbours of a chain share their pixels touch. So a chain covers at most one span in a row,
+/// from the leftmost to the rightmost pixel of all its discs.
 void spraycoverage::add(const discshape& shape, const discchain& chain)
 {
     const discchain::range discs = chain.inside(shape.reachOf(area));
     if (full || area.isEmpty() || discs.first >= discs.last || shape.size() == 0)
         return;
     newest.resize(static_cast<std::size_t>(area.height()));
-    if (shape.joins())
-        addJoined(shape, chain, discs);
-    else
-        addEach(shape, chain, discs);
+    lefts.assign(newest.size(), std::numeric_limits<int>::max());
+    rights.assign(newest.size(), std::numeric_limits<int>::min());
+    QRect previous;
+    for (qint64 i = discs.first; i < discs.last && !full; ++i) {
+        const QRect box = shape.boxAround(chain.at(i));
+        if (box != previous)
+            widen(shape, box);
+        previous = box;
+        full = i % discsBetweenLooks == 0 && isFull();
+    }
+    for (int row = area.top(); row <= area.bottom(); ++row)
+        append(row, lefts[index(row)], rights[index(row)]);
 }
 
 QVector<QRect> spraycoverage::rectangles()
@@ -43,40 +53,6 @@ QVector<QRect> spraycoverage::rectangles()
     for (const span& each : spans)
         result.append(QRect(each.left, each.row, each.right - each.left, 1));
     return result;
-}
-
-/// Neighbours that touch in each row leave one span a row, from the leftmost to the rightmost pixel of all of them.
-void spraycoverage::addJoined(const discshape& shape, const discchain& chain, const discchain::range& discs)
-{
-    const QRect one = shape.boxAround(chain.at(discs.first));
-    const QRect other = shape.boxAround(chain.at(discs.last - 1));
-    const int top = std::max(std::min(one.top(), other.top()), area.top());
-    const int bottom = std::min(std::max(one.bottom(), other.bottom()), area.bottom());
-    lefts.assign(newest.size(), std::numeric_limits<int>::max());
-    rights.assign(newest.size(), std::numeric_limits<int>::min());
-    QRect previous;
-    for (qint64 i = discs.first; i < discs.last && !full; ++i) {
-        const QRect box = shape.boxAround(chain.at(i));
-        if (box != previous)
-            widen(shape, box);
-        previous = box;
-        full = i % discsBetweenLooks == 0 && isFull();
-    }
-    for (int row = top; row <= bottom; ++row)
-        append(row, lefts[index(row)], rights[index(row)]);
-}
-
-void spraycoverage::addEach(const discshape& shape, const discchain& chain, const discchain::range& discs)
-{
-    QRect previous;
-    for (qint64 i = discs.first; i < discs.last; ++i) {
-        const QRect box = shape.boxAround(chain.at(i));
-        for (int row = 0; box != previous && row < shape.size(); ++row) {
-            const int inset = shape.rows()[static_cast<std::size_t>(row)];
-            append(box.top() + row, box.left() + inset, box.left() + shape.size() - inset);
-        }
-        previous = box;
-    }
 }
 
 void spraycoverage::widen(const discshape& shape, const QRect& box)
@@ -106,7 +82,7 @@ void spraycoverage::append(int row, int left, int right)
 {
     left = std::max(left, area.left());
     right = std::min(right, area.right() + 1);
-    if (left >= right || row < area.top() || row > area.bottom())
+    if (left >= right)
         return;
     span& last = newest[index(row)];
     if (left <= last.right && last.left <= right && last.left < last.right) {

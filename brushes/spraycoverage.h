@@ -26,8 +26,6 @@ private:
         int right; ///< behind the last pixel
     };
 
-    void addJoined(const discshape& shape, const discchain& chain, const discchain::range& discs);
-    void addEach(const discshape& shape, const discchain& chain, const discchain::range& discs);
     void widen(const discshape& shape, const QRect& box);
     bool isFull() const;
     void append(int row, int left, int right);
@@ -37,7 +35,7 @@ private:
 
     QRect area;
     bool full = false;
-    /// The span that one chain of joined discs covers in each row of the area.
+    /// The span that one chain covers in each row of the area.
     std::vector<int> lefts;
     std::vector<int> rights;
     /// The span of each row that the next one most likely widens.

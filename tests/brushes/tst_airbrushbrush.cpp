@@ -1,0 +1,457 @@
+#include "brushes/airbrushbrush.h"
+
+#include "literalbrushes.h"
+#include "painted.h"
+#include "randompainting.h"
+
+#include <QtTest>
+
+#include <cstdlib>
+#include <limits>
+
+namespace {
+
+constexpr QSize small(120, 90);
+constexpr unsigned seed = 4711;
+constexpr int largest = std::numeric_limits<int>::max();
+constexpr int smallest = std::numeric_limits<int>::min();
+
+/// A stroke as peers paint it. Leaves the generator where the stroke has left it.
+QImage replayed(const QImage& canvas, const QColor& color, qreal thick, const QList<QPoint>& points)
+{
+    airbrushbrush airbrush;
+    srand(seed);
+    return painted(canvas, [&](QPainter* painter) { airbrush.replay(painter, color, thick, points); });
+}
+
+QImage literally(const QImage& canvas, const QColor& color, qreal thick, const QList<QPoint>& points)
+{
+    srand(seed);
+    return painted(canvas, [&](QPainter* painter) { literal::airbrush(painter, color, thick, points); });
+}
+
+QImage segment(qreal thick, const QPoint& from, const QPoint& to)
+{
+    srand(seed);
+    return painted(whiteCanvas(), [&](QPainter* painter) { literal::spraySegment(painter, Qt::red, thick, from, to); });
+}
+
+/// A local stroke, which begins with a press at the first point and ends with a release at the last.
+QImage sprayed(qreal thick, const QList<QPoint>& points)
+{
+    airbrushbrush airbrush;
+    srand(seed);
+    return painted(whiteCanvas(), [&](QPainter* painter) {
+        bool record = false;
+        airbrush.mousePress(painter, Qt::LeftButton, points.first(), Qt::red, thick, &record);
+        for (int i = 1; i < points.size() - 1; ++i)
+            airbrush.mouseMove(painter, Qt::LeftButton, points.at(i), Qt::red, thick, &record);
+        airbrush.mouseRelease(painter, Qt::LeftButton, points.last(), Qt::red, thick, &record);
+    });
+}
+
+int paintedPixels(const QImage& canvas)
+{
+    int count = 0;
+    for (int y = 0; y < canvas.height(); ++y) {
+        for (int x = 0; x < canvas.width(); ++x)
+            count += canvas.pixel(x, y) != 0xffffffff;
+    }
+    return count;
+}
+
+} // namespace
+
+class tst_airbrushbrush : public QObject {
+    Q_OBJECT
+
+private slots:
+    void otherButtonsAreIgnored();
+    void pressPaintsNothing();
+    void everyPositionIsRecorded();
+    void clickPaintsOneSpotOnRelease();
+    void clickIsNotPaintedByPeers();
+    void moveSpraysFromTheLastPosition();
+    void releaseLeavesTheStrokeWhereItStood();
+    void previewIsEmpty();
+    void discIsAsManyPixelsAcrossAsTheWidthHasWholeOnes();
+    void widthOfOneGivesBoxesOfOnePixel();
+    void widthBelowOnePaintsNothing();
+    void fractionalWidthIsHalvedExactly();
+    void cornersAreCutTowardZero();
+    void densityFollowsTheWayAndNotTheWidth();
+    void eachSegmentTakesOneNumberByLot();
+    void segmentsThatPaintNothingTakeTheirNumberToo();
+    void replayDemandsThreePoints_data();
+    void replayDemandsThreePoints();
+    void replayLeavesARunningStrokeAlone();
+    void localStrokeIsTheLiteralSegments();
+    void replayIsTheLiteralSegments_data();
+    void replayIsTheLiteralSegments();
+    void narrowReplayIsTheLiteralSegments();
+    void wideReplayIsTheLiteralSegments();
+    void negativeWidthIsPaintedLikeTheLiteralSegments();
+    void farReplayPaintsWhatPassesOverTheCanvas();
+    void hostileWidths_data();
+    void hostileWidths();
+};
+
+void tst_airbrushbrush::otherButtonsAreIgnored()
+{
+    airbrushbrush airbrush;
+    bool record = true;
+    srand(seed);
+    const QImage after = painted(whiteCanvas(), [&](QPainter* painter) {
+        QVERIFY(!airbrush.mousePress(painter, Qt::RightButton, QPoint(10, 10), Qt::red, 9, &record));
+        QVERIFY(!airbrush.mouseMove(painter, Qt::RightButton, QPoint(50, 10), Qt::red, 9, &record));
+        QVERIFY(!airbrush.mouseRelease(painter, Qt::RightButton, QPoint(50, 50), Qt::red, 9, &record));
+        QVERIFY(record);
+        // The next step still begins at the origin.
+        airbrush.mouseMove(painter, Qt::LeftButton, QPoint(30, 0), Qt::red, 9, &record);
+    });
+    QCOMPARE(after, segment(9, QPoint(0, 0), QPoint(30, 0)));
+}
+
+void tst_airbrushbrush::pressPaintsNothing()
+{
+    airbrushbrush airbrush;
+    bool record = false;
+    const QImage after = painted(whiteCanvas(), [&](QPainter* painter) {
+        QVERIFY(airbrush.mousePress(painter, Qt::LeftButton, QPoint(50, 50), Qt::red, 9, &record));
+    });
+    QCOMPARE(after, whiteCanvas());
+}
+
+void tst_airbrushbrush::everyPositionIsRecorded()
+{
+    airbrushbrush airbrush;
+    QImage canvas = whiteCanvas();
+    QPainter painter(&canvas);
+    bool press = false;
+    bool move = false;
+    bool release = false;
+    QVERIFY(airbrush.mousePress(&painter, Qt::LeftButton, QPoint(1, 1), Qt::black, 1, &press));
+    QVERIFY(airbrush.mouseMove(&painter, Qt::LeftButton, QPoint(2, 1), Qt::black, 1, &move));
+    QVERIFY(airbrush.mouseRelease(&painter, Qt::LeftButton, QPoint(3, 1), Qt::black, 1, &release));
+    QVERIFY(press && move && release);
+}
+
+void tst_airbrushbrush::clickPaintsOneSpotOnRelease()
+{
+    const QPoint spot(40, 30);
+    QCOMPARE(sprayed(20, {spot, spot}), segment(20, spot, spot));
+    QVERIFY(sprayed(20, {spot, spot}) != whiteCanvas());
+}
+
+void tst_airbrushbrush::clickIsNotPaintedByPeers()
+{
+    QCOMPARE(replayed(whiteCanvas(), Qt::red, 20, {QPoint(40, 30), QPoint(40, 30)}), whiteCanvas());
+}
+
+void tst_airbrushbrush::moveSpraysFromTheLastPosition()
+{
+    airbrushbrush airbrush;
+    bool record = false;
+    srand(seed);
+    const QImage after = painted(whiteCanvas(), [&](QPainter* painter) {
+        airbrush.mousePress(painter, Qt::LeftButton, QPoint(20, 30), Qt::red, 9, &record);
+        airbrush.mouseMove(painter, Qt::LeftButton, QPoint(70, 40), Qt::red, 9, &record);
+    });
+    QCOMPARE(after, segment(9, QPoint(20, 30), QPoint(70, 40)));
+}
+
+void tst_airbrushbrush::releaseLeavesTheStrokeWhereItStood()
+{
+    airbrushbrush airbrush;
+    bool record = false;
+    QImage canvas = whiteCanvas();
+    QPainter painter(&canvas);
+    airbrush.mousePress(&painter, Qt::LeftButton, QPoint(20, 30), Qt::red, 9, &record);
+    airbrush.mouseRelease(&painter, Qt::LeftButton, QPoint(70, 40), Qt::red, 9, &record);
+    srand(seed);
+    const QImage after = painted(whiteCanvas(), [&](QPainter* other) {
+        airbrush.mouseRelease(other, Qt::LeftButton, QPoint(30, 60), Qt::red, 9, &record);
+    });
+    QCOMPARE(after, segment(9, QPoint(20, 30), QPoint(30, 60)));
+}
+
+void tst_airbrushbrush::previewIsEmpty()
+{
+    airbrushbrush airbrush;
+    brush& tool = airbrush;
+    QCOMPARE(painted(whiteCanvas(), [&](QPainter* painter) { tool.drawPreview(painter, Qt::red, 9); }), whiteCanvas());
+}
+
+void tst_airbrushbrush::discIsAsManyPixelsAcrossAsTheWidthHasWholeOnes()
+{
+    for (const qreal thick : {2.0, 2.9, 7.0, 30.0, 30.99}) {
+        // All patterns together leave no hole.
+        QImage canvas = whiteCanvas();
+        for (int i = 0; i < 60; ++i) {
+            canvas = painted(canvas, [&](QPainter* painter) {
+                airbrushbrush airbrush;
+                bool record = false;
+                airbrush.mousePress(painter, Qt::LeftButton, QPoint(60, 45), Qt::red, thick, &record);
+                airbrush.mouseRelease(painter, Qt::LeftButton, QPoint(60, 45), Qt::red, thick, &record);
+            });
+        }
+        int left = canvas.width();
+        int right = -1;
+        for (int y = 0; y < canvas.height(); ++y) {
+            for (int x = 0; x < canvas.width(); ++x) {
+                if (canvas.pixel(x, y) != 0xffffffff) {
+                    left = qMin(left, x);
+                    right = qMax(right, x);
+                }
+            }
+        }
+        QCOMPARE(left, int(60 - thick * 0.5));
+        QCOMPARE(right, int(60 - thick * 0.5) + int(thick) - 1);
+    }
+}
+
+void tst_airbrushbrush::widthOfOneGivesBoxesOfOnePixel()
+{
+    // The toolkit's ellipse in such a box has no pixel.
+    const QImage expected = painted(whiteCanvas(), [](QPainter* painter) {
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(Qt::red);
+        painter->drawEllipse(QRect(QPoint(40, 30), QPoint(40, 30)));
+    });
+    QCOMPARE(sprayed(1, {QPoint(40, 30), QPoint(40, 30)}), expected);
+    QCOMPARE(sprayed(1, {QPoint(40, 30), QPoint(48, 30)}), segment(1, QPoint(40, 30), QPoint(48, 30)));
+}
+
+void tst_airbrushbrush::widthBelowOnePaintsNothing()
+{
+    for (const qreal thick : {0.0, 0.3, 0.999, -0.5})
+        QCOMPARE(sprayed(thick, {QPoint(40, 30), QPoint(60, 50)}), whiteCanvas());
+}
+
+void tst_airbrushbrush::fractionalWidthIsHalvedExactly()
+{
+    // Half is 1.25, so that the box of two pixels begins at 38, where that of a width of 2 begins at 39.
+    QCOMPARE(sprayed(2.5, {QPoint(40, 30), QPoint(52, 37)}), segment(2.5, QPoint(40, 30), QPoint(52, 37)));
+    srand(seed);
+    const QImage expected = painted(whiteCanvas(), [](QPainter* painter) {
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(QBrush(Qt::red, static_cast<Qt::BrushStyle>(Qt::Dense1Pattern + rand() % 7)));
+        painter->drawEllipse(QRect(QPoint(38, 28), QPoint(39, 29)));
+    });
+    QCOMPARE(sprayed(2.5, {QPoint(40, 30), QPoint(40, 30)}), expected);
+}
+
+void tst_airbrushbrush::cornersAreCutTowardZero()
+{
+    srand(seed);
+    const QImage expected = painted(whiteCanvas(), [](QPainter* painter) {
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(QBrush(Qt::red, static_cast<Qt::BrushStyle>(Qt::Dense1Pattern + rand() % 7)));
+        painter->drawEllipse(QRect(QPoint(0, 0), QPoint(2, 2)));
+    });
+    // 1 less 1.5 is -0.5 and gives 0, not -1.
+    QCOMPARE(sprayed(3, {QPoint(1, 1), QPoint(1, 1)}), expected);
+    for (int x = -4; x < 4; ++x)
+        QCOMPARE(sprayed(7, {QPoint(x, 3), QPoint(9, x)}), segment(7, QPoint(x, 3), QPoint(9, x)));
+}
+
+void tst_airbrushbrush::densityFollowsTheWayAndNotTheWidth()
+{
+    // 41 pixels of way make 22 discs; one of this width has two pixels in one row.
+    int most = 0;
+    for (unsigned start = 0; start < 200; ++start) {
+        airbrushbrush airbrush;
+        srand(start);
+        const QImage after = painted(whiteCanvas(), [&](QPainter* painter) {
+            bool record = false;
+            airbrush.mousePress(painter, Qt::LeftButton, QPoint(20, 30), Qt::red, 2, &record);
+            airbrush.mouseRelease(painter, Qt::LeftButton, QPoint(61, 30), Qt::red, 2, &record);
+        });
+        most = qMax(most, paintedPixels(after));
+    }
+    QVERIFY(most > 30);
+    QVERIFY(most <= 43);
+}
+
+void tst_airbrushbrush::eachSegmentTakesOneNumberByLot()
+{
+    const QList<QPoint> points{QPoint(10, 10), QPoint(50, 20), QPoint(60, 60), QPoint(60, 60)};
+    srand(seed);
+    rand();
+    rand();
+    rand();
+    const int fourth = rand();
+    replayed(whiteCanvas(), Qt::red, 9, points);
+    QCOMPARE(rand(), fourth);
+    replayed(whiteCanvas(), QColor(255, 0, 0, 128), 9, points);
+    QCOMPARE(rand(), fourth);
+    sprayed(9, points);
+    QCOMPARE(rand(), fourth);
+}
+
+void tst_airbrushbrush::segmentsThatPaintNothingTakeTheirNumberToo()
+{
+    srand(seed);
+    rand();
+    rand();
+    const int third = rand();
+    const QList<QPoint> faraway{QPoint(-9000, -9000), QPoint(-8000, -9000), QPoint(-9000, -8000)};
+    replayed(whiteCanvas(), Qt::red, 9, faraway);
+    QCOMPARE(rand(), third);
+    replayed(whiteCanvas(), Qt::red, 0, {QPoint(1, 1), QPoint(20, 20), QPoint(1, 1)});
+    QCOMPARE(rand(), third);
+    replayed(whiteCanvas(), Qt::red, 1000, {QPoint(1, 1), QPoint(20, 20), QPoint(1, 1)});
+    QCOMPARE(rand(), third);
+}
+
+void tst_airbrushbrush::replayDemandsThreePoints_data()
+{
+    QTest::addColumn<QList<QPoint>>("points");
+    QTest::newRow("none") << QList<QPoint>();
+    QTest::newRow("one") << QList<QPoint>{QPoint(5, 5)};
+    QTest::newRow("two") << QList<QPoint>{QPoint(5, 5), QPoint(50, 50)};
+}
+
+void tst_airbrushbrush::replayDemandsThreePoints()
+{
+    QFETCH(QList<QPoint>, points);
+    srand(seed);
+    const int first = rand();
+    QCOMPARE(replayed(whiteCanvas(), Qt::red, 20, points), whiteCanvas());
+    QCOMPARE(rand(), first);
+}
+
+void tst_airbrushbrush::replayLeavesARunningStrokeAlone()
+{
+    airbrushbrush airbrush;
+    bool record = false;
+    QImage canvas = whiteCanvas();
+    QPainter painter(&canvas);
+    airbrush.mousePress(&painter, Qt::LeftButton, QPoint(20, 30), Qt::red, 9, &record);
+    airbrush.replay(&painter, Qt::blue, 3, {QPoint(1, 1), QPoint(2, 2), QPoint(3, 3)});
+    srand(seed);
+    const QImage after = painted(whiteCanvas(), [&](QPainter* other) {
+        airbrush.mouseMove(other, Qt::LeftButton, QPoint(60, 60), Qt::red, 9, &record);
+    });
+    QCOMPARE(after, segment(9, QPoint(20, 30), QPoint(60, 60)));
+}
+
+void tst_airbrushbrush::localStrokeIsTheLiteralSegments()
+{
+    randompainting random(41);
+    for (int round = 0; round < 60; ++round) {
+        const QList<QPoint> path = random.stroke(random.number(3, 9), small, 30);
+        const qreal thick = random.honestWidth();
+        QCOMPARE(sprayed(thick, path), literally(whiteCanvas(), Qt::red, thick, path));
+    }
+}
+
+void tst_airbrushbrush::replayIsTheLiteralSegments_data()
+{
+    QTest::addColumn<QString>("canvas");
+    QTest::addColumn<bool>("translucent");
+    QTest::newRow("white canvas") << "white" << false;
+    QTest::newRow("canvas over a background") << "clear" << false;
+    QTest::newRow("picture with half-transparent pixels") << "picture" << false;
+    QTest::newRow("half-transparent colour, white canvas") << "white" << true;
+    QTest::newRow("half-transparent colour, canvas over a background") << "clear" << true;
+}
+
+void tst_airbrushbrush::replayIsTheLiteralSegments()
+{
+    QFETCH(QString, canvas);
+    QFETCH(bool, translucent);
+    randompainting random(42);
+    for (int round = 0; round < 60; ++round) {
+        const QImage before = canvas == "white" ? whiteCanvas()
+            : canvas == "clear"                 ? clearCanvas()
+                                                : random.picture(small);
+        const QList<QPoint> path = random.stroke(random.number(3, 12), small, 60);
+        const QColor color = translucent ? random.translucentColor() : random.opaqueColor();
+        const qreal thick = random.honestWidth();
+        QCOMPARE(replayed(before, color, thick, path), literally(before, color, thick, path));
+    }
+}
+
+void tst_airbrushbrush::narrowReplayIsTheLiteralSegments()
+{
+    randompainting random(43);
+    for (int tenth = 0; tenth <= 120; ++tenth) {
+        const QList<QPoint> path = random.stroke(12, small, 40);
+        QCOMPARE(replayed(clearCanvas(), Qt::red, tenth / 10.0, path),
+                 literally(clearCanvas(), Qt::red, tenth / 10.0, path));
+    }
+}
+
+void tst_airbrushbrush::wideReplayIsTheLiteralSegments()
+{
+    randompainting random(44);
+    for (const int width : {201, 512, 777, 1999, 4000, 10001, 16384}) {
+        const int reach = width / 2 + 40;
+        const QList<QPoint> path{QPoint(60, 45), QPoint(-reach, random.number(-300, 300)),
+                                 QPoint(random.number(-300, 300), reach), QPoint(random.number(-300, 300), reach - 60)};
+        QCOMPARE(replayed(whiteCanvas(), Qt::red, width, path), literally(whiteCanvas(), Qt::red, width, path));
+        const QList<QPoint> edge = path.mid(1);
+        QCOMPARE(replayed(whiteCanvas(), Qt::red, width, edge), literally(whiteCanvas(), Qt::red, width, edge));
+    }
+}
+
+void tst_airbrushbrush::negativeWidthIsPaintedLikeTheLiteralSegments()
+{
+    randompainting random(45);
+    for (const qreal thick : {-0.5, -1.0, -1.5, -2.0, -5.7, -30.0, -31.0}) {
+        const QList<QPoint> path = random.stroke(5, small, 20);
+        QCOMPARE(replayed(whiteCanvas(), Qt::red, thick, path), literally(whiteCanvas(), Qt::red, thick, path));
+    }
+}
+
+void tst_airbrushbrush::farReplayPaintsWhatPassesOverTheCanvas()
+{
+    // The chains have up to 2^32 discs, which nothing could paint one by one.
+    const QList<QPoint> flat{QPoint(smallest, 45), QPoint(largest, 45), QPoint(smallest, 45)};
+    const QImage across = replayed(whiteCanvas(), Qt::red, 10, flat);
+    int rows = 0;
+    for (int y = 0; y < small.height(); ++y) {
+        int pixels = 0;
+        for (int x = 0; x < small.width(); ++x)
+            pixels += across.pixel(x, y) != 0xffffffff;
+        rows += pixels > 0;
+        if (pixels > 0)
+            QVERIFY(y >= 40 && y <= 49);
+    }
+    QVERIFY(rows >= 5);
+    const QList<QPoint> aside{QPoint(smallest, smallest), QPoint(smallest, largest), QPoint(largest, largest)};
+    QCOMPARE(replayed(whiteCanvas(), Qt::red, 10, aside), whiteCanvas());
+    const QList<QPoint> diagonal{QPoint(smallest, smallest), QPoint(largest, largest), QPoint(smallest, smallest)};
+    QVERIFY(paintedPixels(replayed(whiteCanvas(), Qt::red, 10, diagonal)) > 100);
+    QVERIFY(paintedPixels(replayed(whiteCanvas(), QColor(255, 0, 0, 99), 10, diagonal)) > 100);
+}
+
+void tst_airbrushbrush::hostileWidths_data()
+{
+    QTest::addColumn<qreal>("thick");
+    QTest::addColumn<bool>("paints");
+    QTest::newRow("no number") << std::numeric_limits<qreal>::quiet_NaN() << false;
+    QTest::newRow("no end") << std::numeric_limits<qreal>::infinity() << true;
+    QTest::newRow("no beginning") << -std::numeric_limits<qreal>::infinity() << true;
+    QTest::newRow("more than 32 bits") << 1e300 << true;
+    QTest::newRow("a thousand million") << 1e9 << true;
+    QTest::newRow("wider than the widest disc") << 32767.0 << true;
+}
+
+void tst_airbrushbrush::hostileWidths()
+{
+    QFETCH(qreal, thick);
+    QFETCH(bool, paints);
+    const QList<QPoint> path{QPoint(10, 10), QPoint(50, 50), QPoint(90, 20)};
+    const QImage expected = paints ? literally(whiteCanvas(), Qt::red, 1000, path) : whiteCanvas();
+    QCOMPARE(replayed(whiteCanvas(), Qt::red, thick, path), expected);
+    randompainting random(46);
+    for (int round = 0; round < 5; ++round) {
+        const QList<QPoint> far = random.hostileStroke(6);
+        QCOMPARE(replayed(whiteCanvas(), Qt::red, thick, far).size(), small);
+    }
+}
+
+QTEST_MAIN(tst_airbrushbrush)
+#include "tst_airbrushbrush.moc"

@@ -1,0 +1,490 @@
+#include "brushes/selectionbrush.h"
+
+#include "literalbrushes.h"
+#include "painted.h"
+#include "randompainting.h"
+
+#include <QtTest>
+
+#include <limits>
+
+namespace {
+
+constexpr QSize small(120, 90);
+constexpr int largest = std::numeric_limits<int>::max();
+constexpr int smallest = std::numeric_limits<int>::min();
+
+QImage numberedCanvas()
+{
+    QImage canvas(small, QImage::Format_ARGB32);
+    for (int y = 0; y < canvas.height(); ++y) {
+        for (int x = 0; x < canvas.width(); ++x)
+            canvas.setPixel(x, y, qRgb(x, y, x ^ y));
+    }
+    return canvas;
+}
+
+} // namespace
+
+/// Each test runs on an opaque canvas and on one over a background.
+class tst_selectionbrush : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase_data();
+    void init();
+    void otherButtonsAreIgnored();
+    void thereIsNoSelectionAtFirst();
+    void pressOutsideBeginsABandAndClearsThePendingPoints();
+    void dragMakesABandAndPaintsNothing();
+    void clickWithoutADragDropsTheSelection();
+    void bandUpAndToTheLeftIsKeptAsItIs();
+    void onlyBothCoordinatesMakeACornerUnset();
+    void pressInsideBeginsAMove();
+    void cornersCountAsInside();
+    void completedMoveWritesFourPointsAndAsksToSendThem();
+    void completedMoveIsTheLiteralMove();
+    void eachMoveGrowsTheBandByOnePixel();
+    void moveWithoutADragPaintsTheAreaWhereItWas();
+    void movedBandUpAndToTheLeftErasesAndCarriesNothing();
+    void pixelsAreThoseOfThePress();
+    void resetDropsTheSelection();
+    void previewShowsTheBand();
+    void previewOfAMoveShowsThePixelsAtTheirNewPlace();
+    void previewOnATranslatedPainterIsTheSame();
+    void nothingIsPreviewedBeforeTheFirstMove();
+    void bandOverhangingTheCanvasCarriesTransparentPixels();
+    void moveOutOfTheCanvasLosesPixels();
+    void replayDemandsFourPoints_data();
+    void replayDemandsFourPoints();
+    void replayIsTheLiteralMove();
+    void replayOfAnEmptyAreaCopiesTheWholePicture();
+    void replayLeavesTheOwnSelectionAlone();
+    void hostileReplayErasesAndMoves();
+    void hostileLocalMoveKeepsItsCorners();
+
+private:
+    bool press(const QPoint& pos);
+    bool move(const QPoint& pos);
+    bool release(const QPoint& pos);
+    void makeBand(const QPoint& from, const QPoint& to);
+    QImage preview(const QImage& below, const QPoint& origin = QPoint(0, 0));
+    QImage replayed(const QImage& before, const QList<QPoint>& points);
+    QRgb erased() const { return opaque ? 0xffffffff : 0; }
+
+    bool opaque = true;
+    selectionbrush tool;
+    QImage canvas;
+    bool record = false;
+    bool clear = false;
+    bool flush = false;
+    QList<QPoint> pending;
+};
+
+void tst_selectionbrush::initTestCase_data()
+{
+    QTest::addColumn<bool>("opaque");
+    QTest::newRow("opaque canvas") << true;
+    QTest::newRow("over a background") << false;
+}
+
+void tst_selectionbrush::init()
+{
+    QFETCH_GLOBAL(bool, opaque);
+    this->opaque = opaque;
+    tool = selectionbrush();
+    canvas = numberedCanvas();
+    pending = {QPoint(7, 7)};
+}
+
+bool tst_selectionbrush::press(const QPoint& pos)
+{
+    QPainter painter(&canvas);
+    return tool.mousePress(canvas, &painter, Qt::LeftButton, pos, Qt::red, 5, &record, &clear);
+}
+
+bool tst_selectionbrush::move(const QPoint& pos)
+{
+    QPainter painter(&canvas);
+    return tool.mouseMove(&painter, Qt::LeftButton, pos, Qt::red, 5, &record);
+}
+
+bool tst_selectionbrush::release(const QPoint& pos)
+{
+    QPainter painter(&canvas);
+    return tool.mouseRelease(&painter, Qt::LeftButton, pos, Qt::red, 5, opaque, &record, &flush, &pending);
+}
+
+void tst_selectionbrush::makeBand(const QPoint& from, const QPoint& to)
+{
+    press(from);
+    move(to);
+    release(to);
+}
+
+QImage tst_selectionbrush::preview(const QImage& below, const QPoint& origin)
+{
+    return painted(below, [&](QPainter* painter) {
+        painter->translate(-origin);
+        tool.drawPreview(painter, Qt::red, 5, opaque);
+    });
+}
+
+QImage tst_selectionbrush::replayed(const QImage& before, const QList<QPoint>& points)
+{
+    QImage after = before;
+    {
+        QPainter painter(&after);
+        tool.replay(after, &painter, points, opaque);
+    }
+    return after;
+}
+
+void tst_selectionbrush::otherButtonsAreIgnored()
+{
+    record = true;
+    clear = true;
+    flush = true;
+    QPainter painter(&canvas);
+    QVERIFY(!tool.mousePress(canvas, &painter, Qt::RightButton, QPoint(9, 9), Qt::red, 5, &record, &clear));
+    QVERIFY(!tool.mouseMove(&painter, Qt::RightButton, QPoint(19, 9), Qt::red, 5, &record));
+    QVERIFY(
+        !tool.mouseRelease(&painter, Qt::RightButton, QPoint(19, 9), Qt::red, 5, opaque, &record, &flush, &pending));
+    QVERIFY(record && clear && flush);
+    QCOMPARE(pending, QList<QPoint>{QPoint(7, 7)});
+    QCOMPARE(tool.selection(), QRect());
+    QCOMPARE(canvas, numberedCanvas());
+}
+
+void tst_selectionbrush::thereIsNoSelectionAtFirst()
+{
+    QCOMPARE(tool.selection(), QRect());
+    QVERIFY(tool.selection().isNull());
+    QCOMPARE(preview(whiteCanvas()), whiteCanvas());
+}
+
+void tst_selectionbrush::pressOutsideBeginsABandAndClearsThePendingPoints()
+{
+    QVERIFY(press(QPoint(10, 10)));
+    QVERIFY(record);
+    QVERIFY(clear);
+    QCOMPARE(tool.selection(), QRect());
+    makeBand(QPoint(10, 10), QPoint(30, 30));
+    QVERIFY(press(QPoint(31, 30)));
+    QVERIFY(clear);
+    QCOMPARE(tool.selection(), QRect());
+}
+
+void tst_selectionbrush::dragMakesABandAndPaintsNothing()
+{
+    press(QPoint(10, 20));
+    QVERIFY(move(QPoint(50, 40)));
+    QVERIFY(!record);
+    QCOMPARE(tool.selection(), QRect(QPoint(10, 20), QPoint(50, 40)));
+    QVERIFY(release(QPoint(60, 50)));
+    QVERIFY(record);
+    QVERIFY(!flush);
+    QCOMPARE(tool.selection(), QRect(QPoint(10, 20), QPoint(60, 50)));
+    QCOMPARE(pending, QList<QPoint>{QPoint(7, 7)});
+    QCOMPARE(canvas, numberedCanvas());
+}
+
+void tst_selectionbrush::clickWithoutADragDropsTheSelection()
+{
+    makeBand(QPoint(10, 20), QPoint(60, 50));
+    press(QPoint(80, 80));
+    QVERIFY(release(QPoint(80, 80)));
+    QVERIFY(record);
+    QVERIFY(!flush);
+    QCOMPARE(tool.selection(), QRect());
+}
+
+void tst_selectionbrush::bandUpAndToTheLeftIsKeptAsItIs()
+{
+    makeBand(QPoint(60, 50), QPoint(10, 20));
+    QCOMPARE(tool.selection(), QRect(QPoint(60, 50), QPoint(10, 20)));
+    QVERIFY(!tool.selection().isValid());
+    QCOMPARE(tool.selection().topLeft(), QPoint(60, 50));
+}
+
+void tst_selectionbrush::onlyBothCoordinatesMakeACornerUnset()
+{
+    makeBand(QPoint(-1, 20), QPoint(30, -1));
+    QCOMPARE(tool.selection(), QRect(QPoint(-1, 20), QPoint(30, -1)));
+    makeBand(QPoint(80, 80), QPoint(-1, -1));
+    QCOMPARE(tool.selection(), QRect());
+}
+
+void tst_selectionbrush::pressInsideBeginsAMove()
+{
+    makeBand(QPoint(10, 20), QPoint(60, 50));
+    QVERIFY(press(QPoint(30, 30)));
+    QVERIFY(record);
+    QVERIFY(!clear);
+    QCOMPARE(tool.selection(), QRect(QPoint(10, 20), QPoint(60, 50)));
+    QVERIFY(move(QPoint(50, 50)));
+    QVERIFY(!record);
+    QCOMPARE(canvas, numberedCanvas());
+}
+
+void tst_selectionbrush::cornersCountAsInside()
+{
+    for (const QPoint& corner : {QPoint(10, 20), QPoint(60, 50), QPoint(60, 20), QPoint(10, 50)}) {
+        tool.reset();
+        makeBand(QPoint(10, 20), QPoint(60, 50));
+        press(corner);
+        QVERIFY(!clear);
+    }
+}
+
+void tst_selectionbrush::completedMoveWritesFourPointsAndAsksToSendThem()
+{
+    makeBand(QPoint(10, 20), QPoint(60, 50));
+    press(QPoint(30, 30));
+    move(QPoint(50, 50));
+    QVERIFY(release(QPoint(55, 45)));
+    QVERIFY(flush);
+    QVERIFY(!record);
+    const QList<QPoint> expected{QPoint(10, 20), QPoint(60, 50), QPoint(30, 30), QPoint(55, 45)};
+    QCOMPARE(pending, expected);
+}
+
+void tst_selectionbrush::completedMoveIsTheLiteralMove()
+{
+    randompainting random(61);
+    for (int round = 0; round < 100; ++round) {
+        tool = selectionbrush();
+        const QImage before = random.picture(small);
+        canvas = before;
+        const QPoint from = random.point(small, 40);
+        const QPoint to = from + QPoint(random.number(1, 60), random.number(1, 60));
+        const QPoint grab(random.number(from.x(), to.x()), random.number(from.y(), to.y()));
+        const QPoint drop = random.point(small, 60);
+        makeBand(from, to);
+        if (tool.selection().isNull())
+            continue;
+        press(grab);
+        move(random.point(small, 20));
+        release(drop);
+        QImage expected = before;
+        literal::moveArea(&expected, from, to, grab, drop, opaque);
+        QCOMPARE(canvas, expected);
+        QCOMPARE(replayed(before, pending), canvas);
+    }
+}
+
+void tst_selectionbrush::eachMoveGrowsTheBandByOnePixel()
+{
+    makeBand(QPoint(10, 20), QPoint(20, 25));
+    for (int moves = 0; moves < 5; ++moves) {
+        const QRect band = tool.selection();
+        press(band.topLeft() + QPoint(2, 3));
+        release(band.topLeft() + QPoint(12, 8));
+        QCOMPARE(tool.selection(), QRect(band.topLeft() + QPoint(10, 5), band.size() + QSize(1, 1)));
+    }
+}
+
+void tst_selectionbrush::moveWithoutADragPaintsTheAreaWhereItWas()
+{
+    makeBand(QPoint(10, 20), QPoint(60, 50));
+    press(QPoint(30, 30));
+    QVERIFY(release(QPoint(30, 30)));
+    QVERIFY(flush);
+    QCOMPARE(pending.size(), 4);
+    QCOMPARE(canvas, numberedCanvas());
+    QCOMPARE(tool.selection(), QRect(QPoint(10, 20), QPoint(61, 51)));
+}
+
+void tst_selectionbrush::movedBandUpAndToTheLeftErasesAndCarriesNothing()
+{
+    makeBand(QPoint(60, 50), QPoint(10, 20));
+    // The toolkit counts the pixels between the corners as inside of such a rectangle.
+    press(QPoint(30, 30));
+    QVERIFY(!clear);
+    release(QPoint(50, 40));
+    QImage expected = numberedCanvas();
+    literal::moveArea(&expected, QPoint(60, 50), QPoint(10, 20), QPoint(30, 30), QPoint(50, 40), opaque);
+    QCOMPARE(canvas, expected);
+    QCOMPARE(canvas.pixel(30, 30), erased());
+    QCOMPARE(tool.selection(), QRect(QPoint(80, 60), QPoint(80, 60)));
+}
+
+void tst_selectionbrush::pixelsAreThoseOfThePress()
+{
+    makeBand(QPoint(10, 10), QPoint(20, 20));
+    press(QPoint(15, 15));
+    canvas.fill(0xff00ff00);
+    release(QPoint(55, 15));
+    QCOMPARE(canvas.pixel(52, 12), numberedCanvas().pixel(12, 12));
+    QCOMPARE(canvas.pixel(12, 12), erased());
+    QCOMPARE(canvas.pixel(80, 80), 0xff00ff00u);
+}
+
+void tst_selectionbrush::resetDropsTheSelection()
+{
+    makeBand(QPoint(10, 20), QPoint(60, 50));
+    press(QPoint(30, 30));
+    tool.reset();
+    QCOMPARE(tool.selection(), QRect());
+    QCOMPARE(preview(whiteCanvas()), whiteCanvas());
+    press(QPoint(30, 30));
+    QVERIFY(clear);
+}
+
+void tst_selectionbrush::previewShowsTheBand()
+{
+    makeBand(QPoint(10, 20), QPoint(60, 50));
+    QCOMPARE(preview(whiteCanvas()), painted(whiteCanvas(), [](QPainter* painter) {
+                 painter->setPen(QPen(QColor("grey"), 1.0, Qt::DotLine, Qt::RoundCap, Qt::RoundJoin));
+                 painter->drawRect(QRect(QPoint(10, 20), QPoint(60, 50)));
+             }));
+    QVERIFY(preview(whiteCanvas()) != whiteCanvas());
+}
+
+void tst_selectionbrush::previewOfAMoveShowsThePixelsAtTheirNewPlace()
+{
+    makeBand(QPoint(10, 20), QPoint(60, 50));
+    press(QPoint(30, 30));
+    QCOMPARE(preview(canvas), painted(canvas, [](QPainter* painter) {
+                 painter->setPen(QPen(QColor("grey"), 1.0, Qt::DotLine, Qt::RoundCap, Qt::RoundJoin));
+                 painter->drawRect(QRect(QPoint(10, 20), QPoint(60, 50)));
+             }));
+    move(QPoint(45, 50));
+    // White in both modes: the overlay is not cleared, it is painted over.
+    QCOMPARE(preview(canvas), painted(canvas, [this](QPainter* painter) {
+                 painter->eraseRect(QRect(QPoint(10, 20), QPoint(60, 50)));
+                 painter->drawImage(QPoint(25, 40), canvas.copy(QRect(QPoint(10, 20), QPoint(60, 50))));
+                 painter->setPen(QPen(QColor("grey"), 1.0, Qt::DotLine, Qt::RoundCap, Qt::RoundJoin));
+                 painter->drawRect(QRect(QPoint(25, 40), QPoint(25 + 51, 40 + 31)));
+             }));
+    QCOMPARE(canvas, numberedCanvas());
+}
+
+void tst_selectionbrush::previewOnATranslatedPainterIsTheSame()
+{
+    makeBand(QPoint(-20, 20), QPoint(60, 50));
+    press(QPoint(30, 30));
+    move(QPoint(45, 50));
+    const QRect exposed(30, 25, 70, 60);
+    const QImage below = clearCanvas();
+    QCOMPARE(preview(below.copy(exposed), exposed.topLeft()), preview(below).copy(exposed));
+}
+
+void tst_selectionbrush::nothingIsPreviewedBeforeTheFirstMove()
+{
+    press(QPoint(10, 20));
+    QCOMPARE(preview(whiteCanvas()), whiteCanvas());
+}
+
+void tst_selectionbrush::bandOverhangingTheCanvasCarriesTransparentPixels()
+{
+    makeBand(QPoint(-10, -10), QPoint(9, 9));
+    press(QPoint(0, 0));
+    release(QPoint(60, 60));
+    // The lower right quarter came along; the others drew nothing.
+    QCOMPARE(canvas.pixel(65, 65), numberedCanvas().pixel(5, 5));
+    QCOMPARE(canvas.pixel(55, 55), numberedCanvas().pixel(55, 55));
+    QCOMPARE(canvas.pixel(5, 5), erased());
+    QCOMPARE(tool.selection(), QRect(QPoint(50, 50), QPoint(70, 70)));
+}
+
+void tst_selectionbrush::moveOutOfTheCanvasLosesPixels()
+{
+    makeBand(QPoint(10, 10), QPoint(19, 19));
+    press(QPoint(10, 10));
+    release(QPoint(115, 10));
+    QCOMPARE(canvas.pixel(119, 10), numberedCanvas().pixel(14, 10));
+    press(QPoint(115, 10));
+    release(QPoint(10, 10));
+    QCOMPARE(canvas.pixel(14, 10), numberedCanvas().pixel(14, 10));
+    QCOMPARE(canvas.pixel(15, 10), erased());
+}
+
+void tst_selectionbrush::replayDemandsFourPoints_data()
+{
+    QTest::addColumn<int>("count");
+    for (const int count : {0, 1, 2, 3, 5, 8})
+        QTest::newRow(qPrintable(QString::number(count))) << count;
+}
+
+void tst_selectionbrush::replayDemandsFourPoints()
+{
+    QFETCH(int, count);
+    const QList<QPoint> many{QPoint(10, 20), QPoint(60, 50), QPoint(30, 30), QPoint(55, 45),
+                             QPoint(1, 1),   QPoint(2, 2),   QPoint(3, 3),   QPoint(4, 4)};
+    QCOMPARE(replayed(numberedCanvas(), many.mid(0, count)), numberedCanvas());
+    QVERIFY(replayed(numberedCanvas(), many.mid(0, 4)) != numberedCanvas());
+}
+
+void tst_selectionbrush::replayIsTheLiteralMove()
+{
+    randompainting random(62);
+    for (int round = 0; round < 300; ++round) {
+        const QImage before = random.picture(small);
+        QList<QPoint> points;
+        for (int i = 0; i < 4; ++i)
+            points.append(random.point(small, 80));
+        if (random.chance(3))
+            points[1] = points[0] + QPoint(random.number(-2, 2), random.number(-2, 2));
+        QImage expected = before;
+        literal::moveArea(&expected, points[0], points[1], points[2], points[3], opaque);
+        QCOMPARE(replayed(before, points), expected);
+    }
+}
+
+void tst_selectionbrush::replayOfAnEmptyAreaCopiesTheWholePicture()
+{
+    const QList<QPoint> points{QPoint(50, 50), QPoint(49, 49), QPoint(50, 50), QPoint(10, 5)};
+    QImage expected = numberedCanvas();
+    literal::moveArea(&expected, points[0], points[1], points[2], points[3], opaque);
+    QCOMPARE(replayed(numberedCanvas(), points), expected);
+    QCOMPARE(expected.pixel(110, 80), numberedCanvas().pixel(100, 75));
+}
+
+void tst_selectionbrush::replayLeavesTheOwnSelectionAlone()
+{
+    makeBand(QPoint(10, 20), QPoint(60, 50));
+    press(QPoint(30, 30));
+    canvas = replayed(canvas, {QPoint(0, 0), QPoint(119, 89), QPoint(0, 0), QPoint(500, 0)});
+    QCOMPARE(tool.selection(), QRect(QPoint(10, 20), QPoint(60, 50)));
+    release(QPoint(40, 30));
+    QCOMPARE(canvas.pixel(30, 30), numberedCanvas().pixel(20, 30));
+}
+
+void tst_selectionbrush::hostileReplayErasesAndMoves()
+{
+    QImage empty(small, QImage::Format_ARGB32);
+    empty.fill(erased());
+    const QPoint lowest(smallest, smallest);
+    const QPoint highest(largest, largest);
+    // All that there is lies in the area, and stays where it is, comes down by one, or goes far away.
+    QCOMPARE(replayed(numberedCanvas(), {lowest, highest, QPoint(5, 5), QPoint(5, 5)}), numberedCanvas());
+    const QImage down = replayed(numberedCanvas(), {lowest, highest, QPoint(5, 5), QPoint(5, 6)});
+    QCOMPARE(down.copy(0, 1, 120, 89), numberedCanvas().copy(0, 0, 120, 89));
+    QCOMPARE(down.pixel(60, 0), erased());
+    QCOMPARE(replayed(numberedCanvas(), {lowest, highest, lowest, highest}), empty);
+    QCOMPARE(replayed(numberedCanvas(), {lowest, highest, highest, lowest}), empty);
+    // Upside down it is erased all the same, and nothing is carried.
+    QCOMPARE(replayed(numberedCanvas(), {highest, lowest, lowest, highest}), empty);
+    // An area beside the canvas leaves it as it is.
+    QCOMPARE(replayed(numberedCanvas(), {QPoint(smallest, 0), QPoint(-1, largest), QPoint(0, 0), QPoint(largest, 0)}),
+             numberedCanvas());
+    QCOMPARE(replayed(numberedCanvas(), {QPoint(largest, largest), QPoint(largest, largest), lowest, QPoint(0, 0)}),
+             numberedCanvas());
+}
+
+void tst_selectionbrush::hostileLocalMoveKeepsItsCorners()
+{
+    makeBand(QPoint(smallest + 1, smallest + 1), QPoint(largest, largest));
+    press(QPoint(5, 5));
+    QVERIFY(!clear);
+    move(QPoint(largest, largest));
+    QVERIFY(preview(whiteCanvas()).size() == small);
+    release(QPoint(5, 15));
+    QCOMPARE(canvas.pixel(30, 30), numberedCanvas().pixel(30, 20));
+    QCOMPARE(tool.selection().topLeft(), QPoint(smallest + 1, smallest + 11));
+    QCOMPARE(tool.selection().bottomRight(), QPoint(largest, largest));
+}
+
+QTEST_MAIN(tst_selectionbrush)
+#include "tst_selectionbrush.moc"

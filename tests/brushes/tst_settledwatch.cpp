@@ -1,0 +1,119 @@
+#include "brushes/settledwatch.h"
+
+#include "literalbrushes.h"
+#include "painted.h"
+
+#include <QPixmap>
+#include <QtTest>
+
+namespace {
+
+/// Whether the watch calls this canvas settled for strokes of the colour, after as much painting as it waits for.
+bool settled(QImage canvas, const QColor& color, QPainter::CompositionMode mode = QPainter::CompositionMode_SourceOver)
+{
+    QPainter painter(&canvas);
+    painter.setPen(literal::strokePen(color, 5));
+    painter.setCompositionMode(mode);
+    settledwatch watch(&painter);
+    return watch.settledAfter(qint64(canvas.width()) * canvas.height());
+}
+
+QImage filled(QRgb pixel)
+{
+    QImage canvas = whiteCanvas();
+    canvas.fill(pixel);
+    return canvas;
+}
+
+} // namespace
+
+class tst_settledwatch : public QObject {
+    Q_OBJECT
+
+private slots:
+    void pictureOfTheColourIsSettled();
+    void pictureOfAnotherColourIsNot();
+    void onePixelOfAnotherColourIsEnough();
+    void halfTransparentColourSettlesWhereItAddsNothing();
+    void clearedPictureIsSettledForClearing();
+    void looksOnlyAfterEnoughPainting();
+    void looksLessAndLessOften();
+    void otherDevicesAreNeverSettled();
+};
+
+void tst_settledwatch::pictureOfTheColourIsSettled()
+{
+    QVERIFY(settled(filled(0xffff0000), Qt::red));
+    QVERIFY(settled(filled(0xff000000), QColor()));
+}
+
+void tst_settledwatch::pictureOfAnotherColourIsNot()
+{
+    QVERIFY(!settled(whiteCanvas(), Qt::red));
+    QVERIFY(!settled(filled(0xfffe0000), Qt::red));
+}
+
+void tst_settledwatch::onePixelOfAnotherColourIsEnough()
+{
+    for (const QPoint& odd : {QPoint(0, 0), QPoint(119, 0), QPoint(0, 89), QPoint(119, 89), QPoint(60, 45)}) {
+        QImage canvas = filled(0xffff0000);
+        canvas.setPixel(odd, 0xffff0001);
+        QVERIFY(!settled(canvas, Qt::red));
+    }
+}
+
+void tst_settledwatch::halfTransparentColourSettlesWhereItAddsNothing()
+{
+    const QColor color(255, 0, 0, 90);
+    QVERIFY(!settled(whiteCanvas(), color));
+    QVERIFY(settled(filled(0xffff0000), color));
+    QVERIFY(!settled(filled(0x5aff0000), color));
+}
+
+void tst_settledwatch::clearedPictureIsSettledForClearing()
+{
+    QVERIFY(settled(filled(0), Qt::black, QPainter::CompositionMode_Clear));
+    QVERIFY(!settled(clearCanvas(), Qt::black, QPainter::CompositionMode_Clear));
+    QVERIFY(!settled(filled(0xff000000), Qt::black, QPainter::CompositionMode_Clear));
+}
+
+void tst_settledwatch::looksOnlyAfterEnoughPainting()
+{
+    QImage canvas = filled(0xffff0000);
+    QPainter painter(&canvas);
+    painter.setPen(literal::strokePen(Qt::red, 5));
+    settledwatch watch(&painter);
+    const qint64 pixels = qint64(canvas.width()) * canvas.height();
+    QVERIFY(!watch.settledAfter(pixels / 2));
+    QVERIFY(!watch.settledAfter(pixels / 2 - 1));
+    QVERIFY(watch.settledAfter(1));
+}
+
+void tst_settledwatch::looksLessAndLessOften()
+{
+    QImage canvas = whiteCanvas();
+    QPainter painter(&canvas);
+    painter.setPen(literal::strokePen(Qt::red, 5));
+    settledwatch watch(&painter);
+    const qint64 pixels = qint64(canvas.width()) * canvas.height();
+    QVERIFY(!watch.settledAfter(pixels));
+    painter.fillRect(canvas.rect(), Qt::red);
+    QVERIFY(!watch.settledAfter(pixels - 1));
+    QVERIFY(watch.settledAfter(1));
+}
+
+void tst_settledwatch::otherDevicesAreNeverSettled()
+{
+    QPixmap pixmap(20, 20);
+    pixmap.fill(Qt::red);
+    QPainter painter(&pixmap);
+    painter.setPen(Qt::red);
+    settledwatch watch(&painter);
+    QVERIFY(!watch.settledAfter(1000000));
+    QImage gray(20, 20, QImage::Format_Grayscale8);
+    gray.fill(0);
+    QVERIFY(!settled(gray, Qt::black));
+}
+
+QTEST_MAIN(tst_settledwatch)
+#include "tst_settledwatch.moc"
