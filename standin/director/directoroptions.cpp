@@ -60,7 +60,8 @@ directoroptions readDirectorOptions(programoptions* parser, const QStringList& a
 
 QStringList ownScripts()
 {
-    return {QStringLiteral("road"), QStringLiteral("tools"), QStringLiteral("picture"), QStringLiteral("lobby")};
+    return {QStringLiteral("road"), QStringLiteral("tools"), QStringLiteral("picture"), QStringLiteral("lobby"),
+            QStringLiteral("guide")};
 }
 
 QString scriptText(const QString& nameOrFile)

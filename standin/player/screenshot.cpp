@@ -6,6 +6,7 @@
 #include <QPixmap>
 #include <QScreen>
 #include <QWidget>
+#include <QWindow>
 
 namespace screenshot {
 
@@ -26,7 +27,8 @@ QImage ofWindow(QWidget* window)
     QScreen* const screen = QGuiApplication::primaryScreen();
     QImage picture;
     if (canReadScreen()) {
-        const QRect frame = window->frameGeometry().intersected(screen->geometry());
+        // The widget itself may know nothing of its frame yet, when the window manager framed it in its place.
+        const QRect frame = window->windowHandle()->frameGeometry().intersected(screen->geometry());
         picture = screen->grabWindow(0, frame.x(), frame.y(), frame.width(), frame.height()).toImage();
     }
     return picture.isNull() ? window->grab().toImage() : picture;
