@@ -15,7 +15,8 @@ void declare(programoptions* parser)
     parser->add(QStringLiteral("plugin"), QStringLiteral("Library of the plugin that the clients load."),
                 QStringLiteral("FILE"));
     parser->add(QStringLiteral("players"),
-                QStringLiteral("How many people, when the script leaves it open (default 2)."), QStringLiteral("N"));
+                QStringLiteral("How many people (default 2), where the script leaves it open and needs no more."),
+                QStringLiteral("N"));
     parser->add(QStringLiteral("script"),
                 QStringLiteral("Play this script: a file, or one of %1. May be given repeatedly; without it, all of "
                                "these are played.")

@@ -24,7 +24,8 @@ bool anyRunning(const stage& boards)
 bool keepOpenHouse(const directoroptions& options, QString* error)
 {
     // The script of an open house is its list of players alone.
-    const std::optional<playscript> guests = readScript(QStringLiteral("players 2"), options.players, error);
+    const int count = options.players > 0 ? options.players : 2;
+    const std::optional<playscript> guests = readScript(QStringLiteral("players %1").arg(count), 0, error);
     stage boards(options.props);
     QEventLoop loop;
     bool interrupted = false;

@@ -77,7 +77,7 @@ QString scriptreader::readPlayers(const QString& rest)
     const int own = rest.toInt(&readable);
     if (!readable || own < 1 || own > mostPlayers)
         return QStringLiteral("'players' takes a number from 1 to %1").arg(mostPlayers);
-    const int count = wantedPlayers > 0 ? wantedPlayers : own;
+    const int count = qMax(own, wantedPlayers);
     while (result.players.size() < count)
         result.players.append(playerNumber(result.players.size()));
     return QString();
