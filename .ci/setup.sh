@@ -36,17 +36,18 @@ install_packages() {
     rm -f "$log"
 }
 
-# build PRESET [cmake option...]: configures and builds into build/PRESET, with progress on a terminal.
+# build PRESET [target...]: configures and builds all, or the targets, into build/PRESET, with progress on a terminal.
 build() {
-    local preset=$1
+    local preset=$1 targets=()
     shift
+    [ $# -eq 0 ] || targets=(--target "$@")
     echo "Building into build/$preset ..."
-    cmake --preset "$preset" -G Ninja "$@" >"build-$preset.log" 2>&1 || {
+    cmake --preset "$preset" -G Ninja >"build-$preset.log" 2>&1 || {
         tail -n 30 "build-$preset.log" >&2
         fail "The configuration failed."
     }
     rm -f "build-$preset.log"
-    cmake --build "build/$preset" || fail "The build failed."
+    cmake --build "build/$preset" "${targets[@]}" || fail "The build failed."
 }
 
 # A private runtime directory, without which Qt warns at every start.
