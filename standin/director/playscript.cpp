@@ -49,6 +49,8 @@ QString scriptreader::read(const QString& line, int number)
     const QString rest = line.section(QLatin1Char(' '), 1).trimmed();
     if (word == QLatin1String("title"))
         result.title = rest;
+    else if (word == QLatin1String("faulty"))
+        result.faulty = true;
     else if (word == QLatin1String("players"))
         return readPlayers(rest);
     else if (word == QLatin1String("player"))

@@ -39,13 +39,14 @@ struct scriptplayer {
 /// A script as a person writes it: one step a line, '#' begins a comment.
 ///
 ///     title Two people paint together
-///     players 2                          as many as --players says, two when it says nothing
+///     players 2                          two, or as many as --players says if that is more
 ///     player Dora channel="Coffee Corner" plugin=none away=yes setting="pong=false"
 ///     note The invitation
 ///     server: delay 20
 ///     Alice: open menu
 ///     Alice for guests: row {name} double
 ///     Bob: question => Do you want to accept?
+///     faulty                             what is sent may get lost or doubled: nobody counts it at the end
 ///     settle
 ///     same all
 ///     equal {shots}/saved-Alice.png {shots}/saved-Bob.png
@@ -54,6 +55,7 @@ struct playscript {
     QString title;
     QVector<scriptplayer> players;
     QVector<scriptstep> steps;
+    bool faulty = false;
 };
 
 /// Empty, with the line and what is wrong with it, when the text is no script. wantedPlayers: 0 for the script's own.
