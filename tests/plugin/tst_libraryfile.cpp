@@ -1,7 +1,8 @@
+#include "libraryfacts.h"
+
 #include <QDir>
 #include <QFile>
 #include <QHash>
-#include <QProcess>
 #include <QSet>
 #include <QTest>
 #include <QVersionNumber>
@@ -19,7 +20,6 @@ private slots:
     void hasNoRunPath();
 
 private:
-    static QByteArray output(const char* program, const QList<QByteArray>& arguments);
     static QHash<QByteArray, QVersionNumber> minimumVersions();
 };
 
@@ -58,17 +58,6 @@ const char* const expectedNames[] = {
 
 } // namespace
 
-// What a tool of binutils prints about the library.
-QByteArray tst_libraryfile::output(const char* program, const QList<QByteArray>& arguments)
-{
-    QStringList words;
-    for (const QByteArray& argument : arguments)
-        words.append(QString::fromLatin1(argument));
-    QProcess process;
-    process.start(QString::fromLatin1(program), words << QString::fromLatin1(KELVOR_LIBRARY));
-    return process.waitForFinished() && process.exitCode() == 0 ? process.readAllStandardOutput() : QByteArray();
-}
-
 // The first version of Qt 5 that has each name, from what Debian's packages say of their libraries.
 QHash<QByteArray, QVersionNumber> tst_libraryfile::minimumVersions()
 {
@@ -93,7 +82,7 @@ QHash<QByteArray, QVersionNumber> tst_libraryfile::minimumVersions()
 void tst_libraryfile::exportsTheNamesOfTheInterfaceAndNothingElse()
 {
     QStringList found;
-    const QList<QByteArray> lines = output("nm", {"-D", "--defined-only"}).split('\n');
+    const QList<QByteArray> lines = libraryfacts::output("nm", {"-D", "--defined-only", KELVOR_LIBRARY}).split('\n');
     for (const QByteArray& line : lines) {
         if (!line.isEmpty())
             found.append(QString::fromLatin1(line.mid(line.lastIndexOf(' ') + 1)));
@@ -107,14 +96,14 @@ void tst_libraryfile::exportsTheNamesOfTheInterfaceAndNothingElse()
 
 void tst_libraryfile::hasNoUniqueSymbolThatWouldKeepItMapped()
 {
-    const QByteArray symbols = output("readelf", {"-W", "--dyn-syms"});
+    const QByteArray symbols = libraryfacts::output("readelf", {"-W", "--dyn-syms", KELVOR_LIBRARY});
     QVERIFY(symbols.contains("ts3plugin_init"));
     QVERIFY2(!symbols.contains("UNIQUE"), symbols.constData());
 }
 
 void tst_libraryfile::asksForNoQtVersionTagBeyondTheCommonOne()
 {
-    const QByteArray versions = output("readelf", {"-W", "-V"});
+    const QByteArray versions = libraryfacts::output("readelf", {"-W", "-V", KELVOR_LIBRARY});
     QVERIFY(versions.contains("Name: Qt_5 "));
     QVERIFY2(!versions.contains("Name: Qt_5."), versions.constData());
 }
@@ -126,7 +115,7 @@ void tst_libraryfile::callsNothingNewerThanQt512()
     const QVersionNumber limit(5, 13);
     int known = 0;
     QByteArray tooNew;
-    const QList<QByteArray> lines = output("nm", {"-D", "--undefined-only"}).split('\n');
+    const QList<QByteArray> lines = libraryfacts::output("nm", {"-D", "--undefined-only", KELVOR_LIBRARY}).split('\n');
     for (const QByteArray& line : lines) {
         const QByteArray name = line.mid(line.lastIndexOf(' ') + 1);
         const auto version = versions.find(name);
@@ -142,7 +131,7 @@ void tst_libraryfile::callsNothingNewerThanQt512()
 
 void tst_libraryfile::hasNoRunPath()
 {
-    const QByteArray dynamic = output("readelf", {"-W", "-d"});
+    const QByteArray dynamic = libraryfacts::output("readelf", {"-W", "-d", KELVOR_LIBRARY});
     QVERIFY(dynamic.contains("libQt5Core.so.5"));
     QVERIFY(!dynamic.contains("RPATH") && !dynamic.contains("RUNPATH"));
 }
