@@ -12,6 +12,7 @@
 #include "layers.h"
 #include "paintscenetools.h"
 
+#include <QBuffer>
 #include <QSaveFile>
 
 #include <utility>
@@ -89,14 +90,16 @@ void paintscene::loadLayer(QImage& layer, const QString& path)
 
 void paintscene::savePicture(const QString& path)
 {
+    if (canvas.isNull()) {
+        return;
+    }
+    QBuffer encoded;
+    encoded.open(QIODevice::WriteOnly);
+    const bool isEncoded = (hasBackground ? layers::merged(background, canvas) : canvas).save(&encoded, "PNG", -1);
     // Written beside the file and put in its place at the end: an export that breaks off must not take an older one
     // with it.
     QSaveFile file(path);
-    if (canvas.isNull() || !file.open(QIODevice::WriteOnly)) {
-        return;
-    }
-    const QImage picture = hasBackground ? layers::merged(background, canvas) : canvas;
-    if (picture.save(&file, "PNG", -1)) {
+    if (isEncoded && file.open(QIODevice::WriteOnly) && file.write(encoded.data()) == encoded.size()) {
         file.commit();
     }
 }

@@ -36,7 +36,7 @@ const effectrow rows[] = {
 
 void addEffects()
 {
-    QTest::addColumn<int>("row");
+    QTest::addColumn<int>("number");
     QTest::addColumn<bool>("asBackground");
     for (int i = 0; i < 5; ++i) {
         QTest::addRow("%s", rows[i].name) << i << false;
@@ -107,49 +107,52 @@ paintscene& tst_paintsceneareas::opened(bool asBackground)
 
 void tst_paintsceneareas::anEffectOnTheWholeIsSentAsFull()
 {
-    QFETCH(int, row);
+    QFETCH(int, number);
     QFETCH(bool, asBackground);
+    const effectrow& row = rows[number];
     paintscene& canvas = opened(asBackground);
     scenehand hand(canvas);
     QImage oracle = canvas.picture().copy();
-    literal::applyWhole(oracle, rows[row].kind);
-    (canvas.*rows[row].apply)(true, QString());
+    literal::applyWhole(oracle, row.kind);
+    (canvas.*row.apply)(true, QString());
     QVERIFY(canvas.picture() == oracle);
     const paintmessage message = hand.takeOnlyMessage();
     QVERIFY(message.extended);
-    QCOMPARE(message.tool, rows[row].message);
+    QCOMPARE(message.tool, row.message);
     QCOMPARE(message.data, QString("full"));
 }
 
 void tst_paintsceneareas::anEffectOnTheBandIsSentWithItsCorners()
 {
-    QFETCH(int, row);
+    QFETCH(int, number);
     QFETCH(bool, asBackground);
+    const effectrow& row = rows[number];
     paintscene& canvas = opened(asBackground);
     scenehand hand(canvas);
     hand.take(kelvortool::select);
     hand.drag({QPoint(10, 20), QPoint(90, 70)});
     QImage oracle = canvas.picture().copy();
-    literal::applyRegion(oracle, rows[row].kind, QRect(QPoint(10, 20), QPoint(90, 70)));
-    (canvas.*rows[row].apply)(true, QString());
+    literal::applyRegion(oracle, row.kind, QRect(QPoint(10, 20), QPoint(90, 70)));
+    (canvas.*row.apply)(true, QString());
     QVERIFY(canvas.picture() == oracle);
     const paintmessage message = hand.takeOnlyMessage();
-    QCOMPARE(message.tool, rows[row].message);
+    QCOMPARE(message.tool, row.message);
     QCOMPARE(message.data, QString("10|20 90|70"));
 }
 
 void tst_paintsceneareas::aBandDraggedUpOrLeftMeansEverything()
 {
-    QFETCH(int, row);
+    QFETCH(int, number);
     QFETCH(bool, asBackground);
+    const effectrow& row = rows[number];
     for (const QPoint end : {QPoint(20, 70), QPoint(90, 10), QPoint(20, 10)}) {
         paintscene& canvas = opened(asBackground);
         scenehand hand(canvas);
         hand.take(kelvortool::select);
         hand.drag({QPoint(60, 40), end});
         QImage oracle = canvas.picture().copy();
-        literal::applyWhole(oracle, rows[row].kind);
-        (canvas.*rows[row].apply)(true, QString());
+        literal::applyWhole(oracle, row.kind);
+        (canvas.*row.apply)(true, QString());
         QVERIFY(canvas.picture() == oracle);
         QCOMPARE(hand.takeOnlyMessage().data, QString("full"));
     }
@@ -157,15 +160,16 @@ void tst_paintsceneareas::aBandDraggedUpOrLeftMeansEverything()
 
 void tst_paintsceneareas::anOverhangingBandIsSentAsItStands()
 {
-    QFETCH(int, row);
+    QFETCH(int, number);
     QFETCH(bool, asBackground);
+    const effectrow& row = rows[number];
     paintscene& canvas = opened(asBackground);
     scenehand hand(canvas);
     hand.take(kelvortool::select);
     hand.drag({QPoint(-30, 40), QPoint(70, 200)});
     QImage oracle = canvas.picture().copy();
-    literal::applyRegion(oracle, rows[row].kind, QRect(QPoint(-30, 40), QPoint(70, 200)));
-    (canvas.*rows[row].apply)(true, QString());
+    literal::applyRegion(oracle, row.kind, QRect(QPoint(-30, 40), QPoint(70, 200)));
+    (canvas.*row.apply)(true, QString());
     QVERIFY(canvas.picture() == oracle);
     QCOMPARE(hand.takeOnlyMessage().data, QString("-30|40 70|200"));
 }

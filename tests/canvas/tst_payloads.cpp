@@ -81,7 +81,8 @@ void tst_payloads::readsWhatItWrites()
     const QRect region(QPoint(-5, -6), QPoint(300, 4));
     QCOMPARE(payloads::readRegion(payloads::regionData(region)).value_or(QRect()), region);
     const QRect edges(QPoint(std::numeric_limits<int>::min(), 0), QPoint(std::numeric_limits<int>::max(), -7));
-    QCOMPARE(payloads::readRegion(payloads::regionData(edges)).value_or(QRect()), edges);
+    // Not by QCOMPARE, which prints widths, and this one does not fit.
+    QVERIFY(payloads::readRegion(payloads::regionData(edges)).value_or(QRect()) == edges);
 }
 
 void tst_payloads::readsOnlyTwoParts_data()
