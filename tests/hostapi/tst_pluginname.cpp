@@ -35,6 +35,7 @@ void tst_pluginname::stemIsTheNameWithoutEndingAndPlatform_data()
     row("kelvor_WIN64", "kelvor_WIN64");
     row("kelvor_win64_", "kelvor_win64_");
     row("kelvor_win64_mac", "kelvor_win64");
+    row("kelvor_mac_win64", "kelvor_mac");
     row("kelvor_macaroni", "kelvor_macaroni");
     row("kelvormac", "kelvormac");
     row("my_mac_kelvor", "my_mac_kelvor");
