@@ -8,19 +8,26 @@ fail() {
     exit 1
 }
 
-# Installs those packages of .ci/packages that are missing; prints the line to type where that is not allowed.
+# install_packages [ci]: installs those packages of .ci/packages that are missing, with ci those of .ci/run too; prints the
+# line to type where that is not allowed.
 install_packages() {
     local missing=() package status
     while read -r package _; do
-        case "$package" in '' | '#'*) continue ;; esac
+        case "$package" in
+        '' | '#'*) continue ;;
+        ci:*)
+            [ "${1:-}" = ci ] || continue
+            package=${package#ci:}
+            ;;
+        esac
         status=$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null || true)
         [ "$status" = installed ] || missing+=("$package")
     done <.ci/packages
     [ "${#missing[@]}" -eq 0 ] && return
     local sudo=()
     if [ "$(id -u)" -ne 0 ]; then
-        if command -v sudo >/dev/null && sudo -n true 2>/dev/null; then
-            sudo=(sudo -n)
+        if command -v sudo >/dev/null && { [ -t 0 ] || sudo -n true 2>/dev/null; }; then
+            sudo=(sudo)
         else
             fail "Some packages are missing. Type this, then start again:
     sudo apt-get install -y ${missing[*]}"
