@@ -29,7 +29,7 @@ QString defaultDownloadDir(const TS3Functions& functions)
     const QString subdirectory = QString::fromLatin1("kelvor");
     QDir dir(hostcalls::pluginPath(functions));
     if (!dir.cd(subdirectory) && dir.mkdir(subdirectory))
-        dir.cd(subdirectory);
+        static_cast<void>(dir.cd(subdirectory));
     return dir.absolutePath();
 }
 

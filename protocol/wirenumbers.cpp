@@ -67,10 +67,8 @@ char* putThousandths(char* out, int thousandths)
     int rest = thousandths % 1000;
     if (rest != 0)
         *out++ = '.';
-    for (int unit = 100; rest != 0; unit /= 10) {
-        *out++ = static_cast<char>('0' + rest / unit);
-        rest %= unit;
-    }
+    for (; rest != 0; rest = rest % 100 * 10)
+        *out++ = static_cast<char>('0' + rest / 100);
     return out;
 }
 

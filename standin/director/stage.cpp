@@ -13,14 +13,20 @@ constexpr int border = 6;
 const QSize unknownScreen(1366, 768);
 const QSize largestClient(460, 560); // leaves the rest of a place to the plugin's windows
 
+// A name that no other stage on this machine has.
+QString nextServerName()
+{
+    static int number = 0;
+    return QStringLiteral("paint-town-%1-%2").arg(QCoreApplication::applicationPid()).arg(++number);
+}
+
 } // namespace
 
 stage::stage(const stageprops& props, QObject* parent)
     : QObject(parent)
     , props(props)
+    , serverName(nextServerName())
 {
-    static int number = 0;
-    serverName = QStringLiteral("paint-town-%1-%2").arg(QCoreApplication::applicationPid()).arg(++number);
 }
 
 stage::~stage()
@@ -59,7 +65,7 @@ bool stage::startClient(const scriptplayer& player, const QRect& geometry, QStri
         arguments += {QStringLiteral("--geometry"), numbers.join(QLatin1Char(','))};
     }
     if (player.hasPlugin)
-        arguments += {QStringLiteral("--plugin"), props.plugin};
+        arguments += {QStringLiteral("--plugin"), props.plugins.at(int(voiceClients.size()) % props.plugins.size())};
     if (player.away)
         arguments.append(QStringLiteral("--away"));
     // On the list before it is waited for, so that an interruption reaches it.
