@@ -5,7 +5,42 @@
 
 #include <QtTest>
 
+#include <cstdlib>
+#include <new>
+
+#include <malloc.h>
+
 Q_DECLARE_METATYPE(randompictures::kind)
+
+namespace {
+
+/// What is held by way of operator new, and the most since mostHeld was last set back.
+std::size_t held = 0;
+std::size_t mostHeld = 0;
+
+} // namespace
+
+void* operator new(std::size_t size)
+{
+    void* memory = std::malloc(size);
+    if (!memory) {
+        throw std::bad_alloc();
+    }
+    held += malloc_usable_size(memory);
+    mostHeld = std::max(mostHeld, held);
+    return memory;
+}
+
+void operator delete(void* memory) noexcept
+{
+    held -= malloc_usable_size(memory);
+    std::free(memory);
+}
+
+void operator delete(void* memory, std::size_t) noexcept { operator delete(memory); }
+void* operator new[](std::size_t size) { return operator new(size); }
+void operator delete[](void* memory) noexcept { operator delete(memory); }
+void operator delete[](void* memory, std::size_t) noexcept { operator delete(memory); }
 
 namespace {
 
@@ -153,7 +188,13 @@ void tst_floodfill::fillsShapesThatLeaveManyEndsOpen()
     QFETCH(QImage, image);
     QFETCH(QPoint, seed);
     QImage oracle = image.copy();
+    image.detach();
+    const std::size_t before = held;
+    mostHeld = held;
     floodFill(image, seed, green);
+    QVERIFY(mostHeld - before > 0);
+    QVERIFY(mostHeld - before < 256 * 1024);
+    QCOMPARE(held, before);
     literal::floodFill(oracle, seed, green);
     QVERIFY(image == oracle);
     QCOMPARE(image.pixel(seed), green);

@@ -340,6 +340,10 @@ void tst_repaint::overABackgroundNothingIsPreviewedBeyondTheCanvas()
     QCOMPARE(screen.pixel(159, 20), red);
     QCOMPARE(screen.pixel(160, 20), white);
     QCOMPARE(screen.pixel(20, 120), white);
+    QImage beyond(100, 100, QImage::Format_RGB32);
+    beyond.fill(red);
+    scene.render(&beyond, QPoint(), QRegion(170, 10, 100, 100));
+    QCOMPARE(beyond.pixel(50, 10), white);
 }
 
 void tst_repaint::aStrokeRepaintsNoMoreThanItTouches_data()
