@@ -47,8 +47,8 @@ QRect discshape::reachOf(const QRect& picture) const
 }
 
 /// Has the toolkit paint the left half, which the right one mirrors, some rows at a time, and looks where each begins.
-/// The lower half is no mirror of the upper one. Where to look follows from a circle, for whole halves of the widest
-/// discs would be hundreds of megabytes.
+/// The lower half is no mirror of the upper one. Where to look follows from a circle, for the whole half of one of the
+/// widest discs is a hundred megabytes.
 void discshape::measureRows(int across)
 {
     const qreal radius = across / 2.0;
@@ -56,17 +56,17 @@ void discshape::measureRows(int across)
         const qreal height = row + 0.5 - radius;
         return static_cast<int>(radius - std::sqrt(std::max(radius * radius - height * height, 0.0)));
     };
-    const int half = (across + 1) / 2;
+    const int middle = (across + 1) / 2;
     const int rowsAtOnce = std::max(fewestRows, across / mostStrips + 1);
     insets.resize(static_cast<std::size_t>(std::max(across, 0)));
     for (int top = 0; top < across; top += rowsAtOnce) {
         const int rowCount = std::min(rowsAtOnce, across - top);
         const int bottom = top + rowCount - 1;
         const auto [lower, higher] = std::minmax({circleInset(top - margin), circleInset(bottom + margin)});
-        const int first = top <= half && half <= bottom ? 0 : std::max(lower - margin, 0);
-        const columns looked{first, std::min(higher + margin, half) - first};
+        const int first = top <= middle && middle <= bottom ? 0 : std::max(lower - margin, 0);
+        const columns looked{first, std::min(higher + margin, middle) - first};
         if (looked.count <= 0 || !measureStrip(across, top, rowCount, looked))
-            measureStrip(across, top, rowCount, {0, half});
+            measureStrip(across, top, rowCount, {0, middle});
     }
 }
 
