@@ -12,8 +12,11 @@ constexpr int mostPlayers = 99;
 
 void declare(programoptions* parser)
 {
-    parser->add(QStringLiteral("plugin"), QStringLiteral("Library of the plugin that the clients load."),
-                QStringLiteral("FILE"));
+    parser->add(
+        QStringLiteral("plugin"),
+        QStringLiteral("Library of the plugin that the clients load. Given repeatedly, the clients take them in "
+                       "turn."),
+        QStringLiteral("FILE"));
     parser->add(QStringLiteral("players"),
                 QStringLiteral("How many people (default 2), where the script leaves it open and needs no more."),
                 QStringLiteral("N"));
@@ -37,16 +40,18 @@ directoroptions readDirectorOptions(programoptions* parser, const QStringList& a
     if (!parser->parse(arguments))
         return options;
     options.props.programs = ownDirectory;
-    options.props.plugin = parser->text(QStringLiteral("plugin"));
+    options.props.plugins = parser->texts(QStringLiteral("plugin"));
     options.scripts = parser->texts(QStringLiteral("script"));
     options.interactive = parser->isSet(QStringLiteral("interactive"));
     if (parser->isSet(QStringLiteral("players")))
         options.players = parser->number(QStringLiteral("players"), 1, mostPlayers);
     options.screenshots = parser->text(QStringLiteral("screenshots"));
-    if (options.props.plugin.isEmpty())
+    if (options.props.plugins.isEmpty())
         parser->fail(QStringLiteral("Option --plugin is needed: the library that the clients load."));
-    else if (!QFileInfo(options.props.plugin).isFile())
-        parser->fail(QStringLiteral("There is no plugin '%1'.").arg(options.props.plugin));
+    for (const QString& plugin : qAsConst(options.props.plugins)) {
+        if (!QFileInfo(plugin).isFile())
+            parser->fail(QStringLiteral("There is no plugin '%1'.").arg(plugin));
+    }
     for (const QString& script : qAsConst(options.scripts)) {
         if (scriptText(script).isNull())
             parser->fail(QStringLiteral("There is no script '%1'.").arg(script));

@@ -13,7 +13,7 @@
 /// Where the programs are, and what the clients load.
 struct stageprops {
     QString programs; ///< directory of voiceserver and voiceclient
-    QString plugin;
+    QStringList plugins; ///< the clients take them in turn
     QString serverTitle = QStringLiteral("Paint Town");
 };
 
@@ -35,6 +35,8 @@ public:
     playedprocess* server() const { return voiceServer.get(); }
     playedprocess* client(const QString& name) const;
     const std::vector<std::unique_ptr<playedprocess>>& clients() const { return voiceClients; }
+    /// The name under which the server is found.
+    QString address() const { return serverName; }
     QString workDirectory() const { return work.path(); }
     /// The place of one of several windows side by side, in pixels of the screen; asks a client for its size.
     QRect placeFor(int index, int count);

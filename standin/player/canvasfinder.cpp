@@ -1,5 +1,6 @@
 #include "canvasfinder.h"
 
+#include "rowfinder.h"
 #include "windowfinder.h"
 
 #include <QWidget>
@@ -18,7 +19,18 @@ namespace canvasfinder {
 
 void choose(const QString& window) { chosen() = window; }
 
-QWidget* window() { return windowfinder::window(chosen()); }
+QWidget* window()
+{
+    const QString row = chosen().section(QStringLiteral("rows:"), 1);
+    if (row.isEmpty())
+        return windowfinder::window(chosen());
+    const QWidgetList windows = windowfinder::windows(QStringLiteral("whiteboard"));
+    for (QWidget* one : windows) {
+        if (findRow(row, *one))
+            return one;
+    }
+    return nullptr;
+}
 
 QWidget* canvas() { return windowfinder::descendant(window(), "paintscene"); }
 

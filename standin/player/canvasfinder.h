@@ -9,6 +9,7 @@ class QWidget;
 /// chosen anew.
 namespace canvasfinder {
 
+/// A window as windowfinder knows it, or "rows:TEXT" for the drawing window with such a row in its list.
 void choose(const QString& window);
 QWidget* window();
 /// Null while there is none.

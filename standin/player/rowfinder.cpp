@@ -19,11 +19,13 @@ QModelIndex below(const QAbstractItemModel* model, const QModelIndex& parent, co
     return QModelIndex();
 }
 
-foundrow inWindow(const QWidget* window, const QString& text)
+} // namespace
+
+foundrow findRow(const QString& text, const QWidget& window)
 {
-    const QList<QAbstractItemView*> views = window->findChildren<QAbstractItemView*>();
+    const QList<QAbstractItemView*> views = window.findChildren<QAbstractItemView*>();
     for (QAbstractItemView* view : views) {
-        if (!view->isVisible() || !view->model() || view->window() != window)
+        if (!view->isVisible() || !view->model() || view->window() != &window)
             continue;
         const QModelIndex index = below(view->model(), QModelIndex(), text);
         if (index.isValid())
@@ -32,19 +34,17 @@ foundrow inWindow(const QWidget* window, const QString& text)
     return {};
 }
 
-} // namespace
-
 foundrow findRow(const QString& text, const QString& wanted)
 {
     if (wanted != QLatin1String("any")) {
         const QWidget* const window = windowfinder::window(wanted);
-        return window ? inWindow(window, text) : foundrow();
+        return window ? findRow(text, *window) : foundrow();
     }
     const QWidgetList windows = QApplication::topLevelWidgets();
     for (const QWidget* window : windows) {
         if (!window->isVisible() || window->inherits("QMainWindow"))
             continue;
-        if (const foundrow found = inWindow(window, text))
+        if (const foundrow found = findRow(text, *window))
             return found;
     }
     return {};

@@ -15,3 +15,4 @@ struct foundrow {
 /// The first row whose first column shows the text, in any view of the window (see windowfinder::window); "any" looks
 /// through all windows but the client's own.
 foundrow findRow(const QString& text, const QString& window);
+foundrow findRow(const QString& text, const QWidget& window);

@@ -17,17 +17,6 @@ bool matches(const QWidget* widget, const QString& wanted)
         && (title.isEmpty() || widget->windowTitle().contains(title));
 }
 
-QWidgetList all(const QString& wanted)
-{
-    QWidgetList found;
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    for (QWidget* widget : windows) {
-        if (matches(widget, wanted))
-            found.append(widget);
-    }
-    return found;
-}
-
 bool bearsText(const QString& text, const QString& toolTip, const QString& wanted)
 {
     return windowfinder::plain(text) == wanted || (!wanted.isEmpty() && toolTip.startsWith(wanted));
@@ -44,16 +33,18 @@ QWidget* window(const QString& wanted)
             return modal;
         return QApplication::activeWindow();
     }
-    const QWidgetList found = all(wanted);
+    const QWidgetList found = windows(wanted);
     return found.contains(QApplication::activeWindow()) ? QApplication::activeWindow() : found.value(0);
 }
 
-QStringList titles(const QString& wanted)
+QWidgetList windows(const QString& wanted)
 {
-    QStringList found;
-    const QWidgetList windows = all(wanted);
-    for (const QWidget* widget : windows)
-        found.append(widget->windowTitle());
+    QWidgetList found;
+    const QWidgetList all = QApplication::topLevelWidgets();
+    for (QWidget* widget : all) {
+        if (matches(widget, wanted))
+            found.append(widget);
+    }
     return found;
 }
 

@@ -13,8 +13,8 @@ namespace windowfinder {
 /// A visible window by "CLASS", "CLASS/TEXT IN THE TITLE" or "/TEXT IN THE TITLE"; a base class will do. The active one
 /// comes first when several fit. "any" is the modal window, else the active one.
 QWidget* window(const QString& wanted);
-/// The windows of that kind, as titles.
-QStringList titles(const QString& wanted);
+/// All windows of that kind.
+QWidgetList windows(const QString& wanted);
 
 /// A visible widget below the window whose class bears the name.
 QWidget* descendant(QWidget* window, const char* className);

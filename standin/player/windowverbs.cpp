@@ -140,7 +140,11 @@ void addWindowVerbs(verbtable* verbs)
     verbs->insert(QStringLiteral("place"), place);
     verbs->insert(QStringLiteral("screen"), screenSize);
     verbs->insert(QStringLiteral("windows"), [](playrequest& request) {
-        return playDone(windowfinder::titles(request.rest(0)).join(QStringLiteral(" | ")));
+        QStringList titles;
+        const QWidgetList windows = windowfinder::windows(request.rest(0));
+        for (const QWidget* window : windows)
+            titles.append(window->windowTitle());
+        return playDone(titles.join(QStringLiteral(" | ")));
     });
     verbs->insert(QStringLiteral("shot"), shot);
     verbs->insert(QStringLiteral("raise"), [](playrequest& request) { return withWindow(request.rest(0), "raise"); });
