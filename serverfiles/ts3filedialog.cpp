@@ -113,24 +113,16 @@ void ts3filedialog::updateTable()
 {
     filenameedit->setEnabled(channel != 0);
     if (channel == 0) {
-        clearTable();
+        table->setRowCount(0);
         listChannels();
         return;
     }
     const unsigned int result = functions.requestFileList(schandler, channel, password.toLatin1().constData(),
                                                           path.toLatin1().constData(), nullptr);
     if (result == ERROR_ok)
-        clearTable();
+        table->setRowCount(0);
     else
         statusbar->showMessage(hostcalls::errorText(functions, result));
-}
-
-void ts3filedialog::clearTable()
-{
-    table->clear();
-    table->setRowCount(0);
-    table->setHorizontalHeaderLabels({QString::fromLatin1("Name"), QString::fromLatin1("Size"),
-                                      QString::fromLatin1("Type"), QString::fromLatin1("Last Changed")});
 }
 
 void ts3filedialog::listChannels()
@@ -243,11 +235,11 @@ void ts3filedialog::enterChannel(const mytableitem& row)
     path = QString::fromLatin1("/");
     // A cancelled prompt leaves the channel set while the table shows the channels, which the refresh button shows.
     if (row.passworded()) {
-        const QPointer<ts3filedialog> self(this);
         const std::optional<QString> typed =
             prompts::askText(this, QString::fromLatin1("Type in password"),
                              QString::fromLatin1("Password for %1:").arg(row.text()), QLineEdit::Normal);
-        if (!self || !typed)
+        // Cancelled, or gone together with this dialog.
+        if (!typed)
             return;
         password = *typed;
     }

@@ -41,7 +41,6 @@ private:
     void connectWidgets();
     bool run();
     bool saving() const;
-    void clearTable();
     void listChannels();
     void enterChannel(const mytableitem& row);
     void enterDirectory(const QString& name);

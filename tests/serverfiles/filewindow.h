@@ -35,6 +35,13 @@ public:
 
     void select(int row) { QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, placeOf(row)); }
 
+    /// A single cell, which the mouse cannot.
+    void selectCell(int row, int column)
+    {
+        const QModelIndex cell = table.model()->index(row, column);
+        table.selectionModel()->select(cell, QItemSelectionModel::Select);
+    }
+
     /// Answered by the dialog in the next turn of the event loop.
     void doubleClick(int row)
     {

@@ -20,7 +20,7 @@ private slots:
     void refreshAsksAgain();
     void refusedListingKeepsTheTable();
     void refusedDirectoryIsBrowsedAllTheSame();
-    void doubleClickWithoutASelectionDoesNothing();
+    void doubleClickWithoutASelectedNameDoesNothing();
 };
 
 void tst_filenavigation::enteringAChannelAsksForItsRoot()
@@ -231,13 +231,18 @@ void tst_filenavigation::refusedDirectoryIsBrowsedAllTheSame()
     });
 }
 
-void tst_filenavigation::doubleClickWithoutASelectionDoesNothing()
+void tst_filenavigation::doubleClickWithoutASelectedNameDoesNothing()
 {
     filebrowsing browsing;
     browsing.open([&](filewindow& window) {
         emit window.table.doubleClicked(QModelIndex());
         QCoreApplication::processEvents();
         QVERIFY(browsing.host.requests.isEmpty());
+        window.enter();
+        browsing.giveFile("a.png");
+        window.selectCell(0, 2);
+        emit window.table.doubleClicked(QModelIndex());
+        QCoreApplication::processEvents();
         QVERIFY(window.table.isVisible());
     });
 }

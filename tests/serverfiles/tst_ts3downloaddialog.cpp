@@ -247,6 +247,8 @@ void tst_ts3downloaddialog::sizeOutsideOfTheFileLeavesTheBarAlone_data()
     QTest::newRow("one byte too many") << qulonglong{fileSize + 1};
     QTest::newRow("twice the file") << qulonglong{2 * fileSize};
     QTest::newRow("half of the numbers") << (1ULL << 63);
+    // The result of the division is 2^30, and a hundred times that is 0 in 32 bits.
+    QTest::newRow("within the range in 32 bits") << qulonglong{fileSize - (fileSize << 30)};
 }
 
 void tst_ts3downloaddialog::sizeOutsideOfTheFileLeavesTheBarAlone()

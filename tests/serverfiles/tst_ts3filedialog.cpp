@@ -17,10 +17,12 @@ private slots:
     void fileBelowADirectoryIsHandedOutWithItsPath();
     void exactSizeIsHandedOut();
     void acceptanceWithoutASelectionIsNone();
+    void selectionWithoutANameIsNone();
     void cancelHandsOutNothing();
     void onlyATypedNameCanBeSaved();
     void saveHandsOutDirectoryAndName();
     void selectedDirectoryForbidsSaving();
+    void selectedFileCanBeSavedWithANameOnly();
     void nameSurvivesATripToTheChannels();
     void destroyedParentEndsItAsCancelled_data();
     void destroyedParentEndsItAsCancelled();
@@ -65,8 +67,10 @@ void tst_ts3filedialog::looksAsFormed()
 void tst_ts3filedialog::keyboardReachesEachControlByItsName()
 {
     filebrowsing browsing;
-    browsing.save([](filewindow& window) {
+    browsing.save([&](filewindow& window) {
         window.enter();
+        browsing.giveDirectory("d");
+        browsing.giveDirectory("e");
         QCOMPARE(controls::tabOrder(*window.table.window(), "upbutton"),
                  QStringList({"upbutton", "refreshbutton", "filenameedit", "table"}));
         QCOMPARE(controls::withoutName(*window.table.window()), QStringList());
@@ -161,12 +165,12 @@ void tst_ts3filedialog::exactSizeIsHandedOut()
     filebrowsing browsing;
     const bool accepted = browsing.open([&](filewindow& window) {
         window.enter();
-        browsing.giveFile("a.png", ~uint64{0});
+        browsing.giveFile("a.png", uint64{0x123456789abcdef0});
         window.select(0);
         window.ok.click();
     });
     QVERIFY(accepted);
-    QCOMPARE(browsing.size, ~uint64{0});
+    QCOMPARE(browsing.size, uint64{0x123456789abcdef0});
 }
 
 void tst_ts3filedialog::acceptanceWithoutASelectionIsNone()
@@ -175,6 +179,19 @@ void tst_ts3filedialog::acceptanceWithoutASelectionIsNone()
     const bool accepted = browsing.open([](filewindow& window) {
         window.enter();
         qobject_cast<QDialog*>(window.table.window())->accept();
+    });
+    QVERIFY(!accepted);
+    verifyUntouched(browsing);
+}
+
+void tst_ts3filedialog::selectionWithoutANameIsNone()
+{
+    filebrowsing browsing;
+    const bool accepted = browsing.open([&](filewindow& window) {
+        window.enter();
+        browsing.giveFile("a.png");
+        window.selectCell(0, 2);
+        window.ok.click();
     });
     QVERIFY(!accepted);
     verifyUntouched(browsing);
@@ -237,6 +254,23 @@ void tst_ts3filedialog::selectedDirectoryForbidsSaving()
         QVERIFY(window.ok.isEnabled());
         window.select(0);
         QVERIFY(!window.ok.isEnabled());
+    });
+}
+
+// The save mode lists no files, but would know what to do with one.
+void tst_ts3filedialog::selectedFileCanBeSavedWithANameOnly()
+{
+    filebrowsing browsing;
+    browsing.save([&](filewindow& window) {
+        window.enter();
+        browsing.giveDirectory("d");
+        window.table.item(0, 2)->setText("File");
+        window.select(0);
+        QVERIFY(!window.ok.isEnabled());
+        window.table.clearSelection();
+        QTest::keyClicks(&window.edit, "n");
+        window.select(0);
+        QVERIFY(window.ok.isEnabled());
     });
 }
 
