@@ -114,6 +114,11 @@ bool performance::command(const scriptstep& step)
 bool performance::tell(const scriptstep& step, playedprocess* player, const QString& text)
 {
     table.note(player->name(), text);
+    if (text == QLatin1String("quit")) {
+        // What was counted until then stays in the table.
+        readCounts();
+        gone.append(player->name());
+    }
     const std::optional<QString> answer = player->ask(text);
     if (!answer)
         return fail(QStringLiteral("%1: %2: %3").arg(player->name(), text, player->problem()));
@@ -173,10 +178,11 @@ QString performance::withShots(const QString& text) const
 bool performance::place(const QString& window)
 {
     QVector<playedprocess*> having;
-    for (const auto& player : boards->clients()) {
+    const QVector<playedprocess*> present = players(QStringLiteral("all"));
+    for (playedprocess* player : present) {
         const std::optional<QString> titles = player->ask(QStringLiteral("windows ") + window);
         if (titles && !titles->isEmpty())
-            having.append(player.get());
+            having.append(player);
     }
     for (int i = 0; i < having.size(); ++i) {
         const QRect at = boards->placeFor(i, having.size());
@@ -194,7 +200,8 @@ bool performance::place(const QString& window)
 
 bool performance::readCounts()
 {
-    for (const auto& player : boards->clients()) {
+    const QVector<playedprocess*> present = players(QStringLiteral("all"));
+    for (playedprocess* player : present) {
         const std::optional<QString> answer = player->ask(QStringLiteral("counts"));
         if (!answer)
             return fail(QStringLiteral("%1: %2").arg(player->name(), player->problem()));
@@ -211,6 +218,8 @@ QVector<playedprocess*> performance::players(const QString& who) const
     const QStringList names = who.split(QLatin1Char(' '));
     for (const auto& player : boards->clients()) {
         const bool isFirst = player == boards->clients().front();
+        if (gone.contains(player->name()))
+            continue;
         if (who == QLatin1String("all") || names.contains(player->name())
             || (who == QLatin1String("guests") && !isFirst))
             found.append(player.get());

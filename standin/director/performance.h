@@ -37,6 +37,7 @@ private:
     const playscript script;
     stage* const boards;
     const QString shots;
+    QStringList gone; ///< players who were told to quit
     QString failure;
     scoretable table;
 };
