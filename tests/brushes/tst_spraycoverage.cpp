@@ -75,7 +75,7 @@ void tst_spraycoverage::eachPixelUnderADiscIsCoveredOnce()
     const QSize size(150, 110);
     const discshape shape(across);
     randompainting random(99);
-    for (int round = 0; round < 8; ++round) {
+    for (int round = 0; round < 3; ++round) {
         spraycoverage coverage(QRect(QPoint(0, 0), size));
         QList<discchain> added;
         for (int i = 0; i < chains; ++i) {

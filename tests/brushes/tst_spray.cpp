@@ -1,0 +1,91 @@
+#include "brushes/spray.h"
+
+#include "literalbrushes.h"
+#include "painted.h"
+#include "randompainting.h"
+
+#include <QtTest>
+
+#include <cstdlib>
+
+namespace {
+
+constexpr unsigned seed = 99;
+
+QImage sprayed(const QImage& canvas, const QColor& color, qreal thick, const QList<QPoint>& points)
+{
+    srand(seed);
+    return painted(canvas, [&](QPainter* painter) { spray::drawPath(painter, color, thick, points); });
+}
+
+QImage literally(const QImage& canvas, const QColor& color, qreal thick, const QList<QPoint>& points)
+{
+    srand(seed);
+    return painted(canvas, [&](QPainter* painter) {
+        for (int i = 1; i < points.size(); ++i)
+            literal::spraySegment(painter, color, thick, points.at(i - 1), points.at(i));
+    });
+}
+
+} // namespace
+
+class tst_spray : public QObject {
+    Q_OBJECT
+
+private slots:
+    void fewerThanTwoPointsPaintNothingAndTakeNoNumber();
+    void twoPointsAreOneSegment();
+    void patternsLieOnTheGridOfTheCanvas();
+    void longStrokesAreTheLiteralSegments_data();
+    void longStrokesAreTheLiteralSegments();
+};
+
+void tst_spray::fewerThanTwoPointsPaintNothingAndTakeNoNumber()
+{
+    srand(seed);
+    const int first = rand();
+    for (const QList<QPoint>& points : {QList<QPoint>(), QList<QPoint>{QPoint(40, 40)}}) {
+        QCOMPARE(sprayed(whiteCanvas(), Qt::red, 20, points), whiteCanvas());
+        QCOMPARE(rand(), first);
+    }
+}
+
+void tst_spray::twoPointsAreOneSegment()
+{
+    const QList<QPoint> points{QPoint(40, 40), QPoint(70, 55)};
+    QCOMPARE(sprayed(whiteCanvas(), Qt::red, 20, points), literally(whiteCanvas(), Qt::red, 20, points));
+    QVERIFY(sprayed(whiteCanvas(), Qt::red, 20, points) != whiteCanvas());
+}
+
+void tst_spray::patternsLieOnTheGridOfTheCanvas()
+{
+    // Wherever a disc lies, the holes of its pattern stay at the same pixels.
+    const QImage all = sprayed(whiteCanvas(), Qt::red, 2000, {QPoint(60, 45), QPoint(60, 45)});
+    for (const QPoint& place : {QPoint(30, 30), QPoint(31, 30), QPoint(30, 33), QPoint(77, 51)}) {
+        const QImage spot = sprayed(whiteCanvas(), Qt::red, 25, {place, place});
+        for (int y = place.y() - 6; y < place.y() + 6; ++y) {
+            for (int x = place.x() - 6; x < place.x() + 6; ++x)
+                QCOMPARE(spot.pixel(x, y), all.pixel(x, y));
+        }
+    }
+}
+
+void tst_spray::longStrokesAreTheLiteralSegments_data()
+{
+    QTest::addColumn<QColor>("color");
+    QTest::newRow("opaque") << QColor(255, 0, 0);
+    QTest::newRow("half-transparent") << QColor(255, 0, 0, 77);
+    QTest::newRow("hardly visible") << QColor(90, 200, 10, 2);
+}
+
+void tst_spray::longStrokesAreTheLiteralSegments()
+{
+    QFETCH(QColor, color);
+    // Far more painting than is done disc by disc.
+    const QList<QPoint> points{QPoint(-900, 20), QPoint(1000, 70), QPoint(-700, -600), QPoint(300, 500)};
+    for (const qreal thick : {150.0, 333.3, 999.0})
+        QCOMPARE(sprayed(whiteCanvas(), color, thick, points), literally(whiteCanvas(), color, thick, points));
+}
+
+QTEST_MAIN(tst_spray)
+#include "tst_spray.moc"
