@@ -143,51 +143,83 @@ private:
         }
     }
 
-    /// The toolkit's own mixing, down to its rounding. Row by row, so that one or two rows are all that is copied.
+    /// The toolkit's own mixing, down to its rounding. Strip by strip, so that little is copied at a time.
     void runByDrawing()
     {
         QPainter painter(&image);
-        for (int y = area.top(); y <= area.bottom(); ++y) {
-            const qint64 mirrored = kind == effect::flipVertically ? rowSum - y : y;
-            if (mirrored < area.top() || mirrored > area.bottom()) {
-                drawRow(painter, y, emptyRow());
-            } else if (mirrored >= y) {
-                const int other = static_cast<int>(mirrored);
-                const QImage here = result(other);
-                const QImage there = result(y);
-                drawRow(painter, y, here);
-                if (other != y) {
-                    drawRow(painter, other, there);
-                }
+        stretch rows{area.top(), area.bottom()};
+        if (kind == effect::flipVertically) {
+            rows = mirroredWithin(rowSum, rows);
+        }
+        if (rows.first > rows.last) {
+            drawNothing(painter, area.top(), area.bottom());
+            return;
+        }
+        drawNothing(painter, area.top(), rows.first - 1);
+        drawNothing(painter, rows.last + 1, area.bottom());
+        if (kind == effect::flipVertically) {
+            swapRows(painter, rows);
+            return;
+        }
+        for (int y = rows.first; y <= rows.last; y += stripRows()) {
+            painter.drawImage(area.left(), y, result(y, std::min(y + stripRows() - 1, rows.last)));
+        }
+    }
+
+    /// From the outside in, with both strips taken before one is drawn.
+    void swapRows(QPainter& painter, stretch rows)
+    {
+        while (rows.first <= rows.last) {
+            const int count = std::clamp((rows.last - rows.first + 1) / 2, 1, stripRows());
+            const int below = rows.last - count + 1;
+            const QImage upper = result(below, rows.last);
+            const QImage lower = result(rows.first, rows.first + count - 1);
+            painter.drawImage(area.left(), rows.first, upper);
+            if (below > rows.first) {
+                painter.drawImage(area.left(), below, lower);
             }
+            rows.first += count;
+            rows.last -= count;
         }
     }
 
-    QImage emptyRow() const
+    /// What comes from outside the image is transparent, but drawing it leaves its mark on half-transparent pixels.
+    void drawNothing(QPainter& painter, int first, int last)
     {
-        QImage row(area.width(), 1, QImage::Format_ARGB32);
-        row.fill(0U);
-        return row;
+        for (int y = first; y <= last; y += stripRows()) {
+            painter.drawImage(area.left(), y, emptyStrip(std::min(stripRows(), last - y + 1)));
+        }
     }
 
-    /// A row of the image after the effect; transparent where it would come from outside the image.
-    QImage result(int y) const
+    int stripRows() const
     {
-        QImage row = emptyRow();
+        const int stripPixels = 8192;
+        return std::max(1, stripPixels / area.width());
+    }
+
+    QImage emptyStrip(int rows) const
+    {
+        QImage strip(area.width(), rows, QImage::Format_ARGB32);
+        strip.fill(0U);
+        return strip;
+    }
+
+    /// Rows of the image after the effect; transparent where a flip brings in columns from outside the image.
+    QImage result(int first, int last) const
+    {
+        QImage strip = emptyStrip(last - first + 1);
         if (columns.first > columns.last) {
-            return row;
+            return strip;
         }
-        const QRgb* source = reinterpret_cast<const QRgb*>(image.constScanLine(y));
-        const QRect filled(columns.first - area.left(), 0, columns.last - columns.first + 1, 1);
-        const pixelblock pixels = blockOf(row, filled);
-        std::copy(source + columns.first, source + columns.last + 1, pixels.origin);
-        if (kind != effect::flipVertically) {
-            applyInPlace(pixels, kind);
+        const QRect filled(columns.first - area.left(), 0, columns.last - columns.first + 1, strip.height());
+        const pixelblock pixels = blockOf(strip, filled);
+        for (int y = 0; y < pixels.height; ++y) {
+            const QRgb* source = reinterpret_cast<const QRgb*>(image.constScanLine(first + y)) + columns.first;
+            std::copy_n(source, pixels.width, pixels.row(y));
         }
-        return row;
+        applyInPlace(pixels, kind);
+        return strip;
     }
-
-    void drawRow(QPainter& painter, int y, const QImage& row) { painter.drawImage(area.left(), y, row); }
 
     QImage& image;
     effect kind;
