@@ -1,8 +1,10 @@
 #include "settings.h"
 
 #include "hostapi/hostcalls.h"
+#include "packedvalues.h"
 
 #include <QDir>
+#include <QFile>
 #include <QSettings>
 
 namespace {
@@ -21,6 +23,13 @@ QString fileName(const TS3Functions& functions)
     return QString::fromLatin1("%1kelvor.conf").arg(hostcalls::configPath(functions));
 }
 
+// Whether the toolkit may read the file. One that is not there is none to read.
+bool isSafe(const QString& name)
+{
+    QFile file(name);
+    return !file.open(QIODevice::ReadOnly) || !holdsPackedValues(file.readAll());
+}
+
 // The toolkit caches the keys of a file beyond the life of this library, so they are always copied to the heap.
 QString key(const char* name) { return QString::fromLatin1(name); }
 
@@ -37,8 +46,13 @@ QString defaultDownloadDir(const TS3Functions& functions)
 
 settings loadSettings(const TS3Functions& functions)
 {
-    const QSettings file(fileName(functions), QSettings::IniFormat);
+    const QString name = fileName(functions);
     settings values;
+    if (!isSafe(name)) {
+        values.downloaddir = defaultDownloadDir(functions);
+        return values;
+    }
+    const QSettings file(name, QSettings::IniFormat);
     values.downloaddir =
         file.contains(key(downloaddirKey)) ? file.value(key(downloaddirKey)).toString() : defaultDownloadDir(functions);
     values.playsound = file.value(key(playsoundKey), values.playsound).toBool();
@@ -53,7 +67,11 @@ settings loadSettings(const TS3Functions& functions)
 
 void saveSettings(const TS3Functions& functions, const settings& values)
 {
-    QSettings file(fileName(functions), QSettings::IniFormat);
+    const QString name = fileName(functions);
+    // The toolkit reads a file before it writes it. What could not be read is no loss.
+    if (!isSafe(name) && !QFile::remove(name))
+        return;
+    QSettings file(name, QSettings::IniFormat);
     file.setValue(key(downloaddirKey), values.downloaddir);
     file.setValue(key(playsoundKey), values.playsound);
     file.setValue(key(soundpathKey), values.soundpath);
