@@ -2,38 +2,45 @@
 
 #include "invitation/invitationdialog.h"
 #include "must.h"
+#include "serverfiles/ts3downloaddialog.h"
 #include "whiteboard/whiteboard.h"
 #include "worldscript.h"
 
 #include <QFile>
 #include <QImage>
 #include <QMessageBox>
+#include <QVariant>
 
 #include <algorithm>
 
 namespace {
 
-constexpr uint64 connections[] = {clientworld::boardAsHost, clientworld::lobbyAsHost,  clientworld::lobbyAsGuest,
-                                  clientworld::idle,        clientworld::boardAsGuest, clientworld::unknown};
+constexpr char connectionProperty[] = "connection";
 
-// How each connection gets into its state.
-QList<QByteArray> opening()
+// How a connection gets into its state.
+QList<QByteArray> openingOf(int connection)
 {
-    return {
-        "uo1",       "ui0 2 3", "1\x0d 2",   "1\x0d 3",
-        "ua0", // boardAsHost
-        "5\x01 2 2", "y",       "5\x04 2 3", "5\x10 2 64 48 0 false 0 ", // boardAsGuest
-        "uo2",       "ui0 2 3", "2\x0d 2", // lobbyAsHost
-        "3\x01 2 2", "y",       "3\x04 2 3", // lobbyAsGuest
-    };
+    switch (connection) {
+    case clientworld::boardAsHost:
+        return {"uo 1", "ui 1 2 3", "1\x0d 2", "1\x0d 3", "ua 1"};
+    case clientworld::lobbyAsHost:
+        return {"uo 2", "ui 2 2 3", "2\x0d 2"};
+    case clientworld::lobbyAsGuest:
+        return {"3\x01 2 2", "y", "3\x04 2 3"};
+    case clientworld::boardAsGuest:
+        return {"5\x01 2 2", "y", "5\x04 2 3", "5\x10 2 64 48 0 false 0 "};
+    default:
+        return {};
+    }
 }
 
-bool asksFor(const QMessageBox& box, uint64 schid)
+// Boxes ask other things too.
+bool isOfSession(const QMessageBox& box)
 {
-    const QString server =
-        schid == clientworld::unknown ? QString::fromLatin1("SERVERNAME") : QString::fromLatin1("Server %1").arg(schid);
-    return box.text().contains(QString::fromLatin1(" on server %1 by ").arg(server));
+    return box.text().startsWith(QLatin1String("You are invited to a kelvor session"));
 }
+
+bool isOfSession(const QWidget&) { return true; }
 
 } // namespace
 
@@ -53,22 +60,14 @@ clientworld::clientworld()
 
 clientworld::~clientworld() { shutdown(); }
 
-void clientworld::openIdle()
+void clientworld::start()
 {
     shutdown();
     host.servers.clear();
-    for (const uint64 schid : connections) {
-        if (schid == unknown)
-            continue;
-        fakeserver& server = host.addServer(schid);
-        server.name = "Server " + QByteArray::number(static_cast<qulonglong>(schid));
-        server.addChannel(2, "Locked", 1, true);
-        server.addChannel(3, "Beside");
-        server.addClient(2, "Ann");
-        server.addClient(3, "Ben", 3);
-        server.addClient(4, "Eve", 2);
+    for (int connection = 1; connection <= connections; ++connection) {
+        connectServer(connection);
+        touch(connection);
     }
-    host.nextTransfer = 100;
     host.configPath = QFile::encodeName(directory.path()) + '/';
     controller = std::make_unique<kelvor>(host.table());
     controller->setPluginCommandID("id");
@@ -76,10 +75,19 @@ void clientworld::openIdle()
     host.configPath = "/nonexistent/";
 }
 
-void clientworld::open()
+void clientworld::connectServer(int connection)
 {
-    openIdle();
-    play(opening());
+    host.servers.remove(handler(connection));
+    handlers[connection] = nextHandler++;
+    if (connection == unknown)
+        return;
+    fakeserver& server = host.addServer(handler(connection));
+    server.name = "Server " + QByteArray::number(connection);
+    server.addChannel(2, "Locked", 1, true);
+    server.addChannel(3, "Beside");
+    server.addClient(2, "Ann");
+    server.addClient(3, "Ben", 3);
+    server.addClient(4, "Eve", 2);
 }
 
 void clientworld::shutdown()
@@ -88,15 +96,46 @@ void clientworld::shutdown()
     host.failing.clear();
 }
 
-bool clientworld::play(const QList<QByteArray>& records)
+void clientworld::restore()
+{
+    host.failing.clear();
+    if (!controller)
+        start();
+    const QSet<int> changed = touched;
+    leave(changed);
+    for (int connection = 1; connection <= connections; ++connection) {
+        if (!changed.contains(connection))
+            continue;
+        connectServer(connection);
+        host.nextTransfer = 100;
+        play(openingOf(connection));
+    }
+    touched.clear();
+}
+
+// As the user can, always: nothing that came from outside may leave a connection taken for good.
+void clientworld::leave(const QSet<int>& left)
+{
+    for (const int connection : left) {
+        if (invitationdialog* lobby = lobbyOf(connection))
+            lobby->close();
+        if (whiteboard* board = boardOf(connection))
+            board->close();
+    }
+    play(QByteArray());
+    for (const int connection : left)
+        must(stateOf(connection) == session_none, "a connection stays taken after its windows were closed");
+}
+
+void clientworld::play(const QList<QByteArray>& records)
 {
     QByteArray script;
     for (const QByteArray& record : records)
         script += record + '\0';
-    return play(script);
+    play(script);
 }
 
-bool clientworld::play(const QByteArray& script)
+void clientworld::play(const QByteArray& script)
 {
     worldscript reader(*this, script);
     player.play([&] {
@@ -107,42 +146,71 @@ bool clientworld::play(const QByteArray& script)
     });
     checkSound();
     checkSent();
-    return reader.onlyPainted();
 }
 
-void clientworld::checkSound() const
+sessionstate clientworld::stateOf(int connection) const
+{
+    return controller ? controller->stateOf(handler(connection)) : session_none;
+}
+
+invitationdialog* clientworld::lobbyOf(int connection) const { return windowOf<invitationdialog>(connection); }
+
+whiteboard* clientworld::boardOf(int connection) const { return windowOf<whiteboard>(connection); }
+
+template <typename Window> Window* clientworld::windowOf(int connection) const
+{
+    const QList<Window*> windows = player.shown<Window>();
+    for (Window* window : windows) {
+        if (window->property(connectionProperty).toInt() == connection)
+            return window;
+    }
+    return nullptr;
+}
+
+// A window does not say whose it is: it belongs to the connection that is in one of the states and lacks one.
+template <typename Window> int clientworld::nameWindows(std::initializer_list<sessionstate> states)
+{
+    int named = 0;
+    const QList<Window*> windows = player.shown<Window>();
+    for (Window* window : windows) {
+        if (window->property(connectionProperty).isValid() || !isOfSession(*window))
+            continue;
+        for (int connection = 1; connection <= connections; ++connection) {
+            const bool open = std::find(states.begin(), states.end(), stateOf(connection)) != states.end();
+            if (open && !windowOf<Window>(connection)) {
+                window->setProperty(connectionProperty, connection);
+                break;
+            }
+        }
+        must(window->property(connectionProperty).isValid(), "a window is open that no session lacks");
+        // Nobody looks at it, and to paint it takes longer than all the rest.
+        window->setUpdatesEnabled(false);
+        ++named;
+    }
+    return named;
+}
+
+void clientworld::checkSound()
 {
     must(host.outstanding == 0, "a text or list of the client was not given back");
-    checkQuestions();
-    const int lobbies = player.shown<invitationdialog>().size();
-    const int boards = player.shown<whiteboard>().size();
-    const int waiting = countOf({session_hosting, session_joining});
-    const int running = countOf({session_running});
-    must(lobbies <= waiting && boards <= running, "a window is open without a session");
-    // While a window is being made or ended in a nested event loop, its session is ahead of it.
-    must(player.isNested() || (lobbies == waiting && boards == running), "a session is open without a window");
-}
-
-void clientworld::checkQuestions() const
-{
-    const QList<QMessageBox*> boxes = player.shown<QMessageBox>();
-    for (const uint64 schid : connections) {
-        const auto asked =
-            std::count_if(boxes.begin(), boxes.end(), [&](const QMessageBox* box) { return asksFor(*box, schid); });
-        const bool invited = controller && controller->stateOf(schid) == session_invited;
-        must(asked <= 1, "a connection asks twice at a time");
-        must(asked == 0 || invited, "a question is open in a wrong state");
-        must(!invited || player.isNested(), "a connection waits for an answer to no question");
+    // A second question of a connection finds no session that lacks one.
+    counts["question"] += nameWindows<QMessageBox>({session_invited});
+    counts["lobby"] += nameWindows<invitationdialog>({session_hosting, session_joining});
+    counts["whiteboard"] += nameWindows<whiteboard>({session_running});
+    counts["transfer"] += player.shown<ts3downloaddialog>().size();
+    for (int connection = 1; connection <= connections; ++connection) {
+        const sessionstate state = stateOf(connection);
+        const bool asked = state == session_invited;
+        const bool waits = state == session_hosting || state == session_joining;
+        const bool runs = state == session_running;
+        must(asked || !windowOf<QMessageBox>(connection), "a question is open in a wrong state");
+        must(waits || !lobbyOf(connection), "a lobby is open in a wrong state");
+        must(runs || !boardOf(connection), "a whiteboard is open in a wrong state");
+        // While a window is being made or ended in a nested event loop, its session is ahead of it.
+        must(!asked || player.isNested(), "a session waits for the answer to no question");
+        must(!waits || lobbyOf(connection) || player.isNested(), "a session waits in no lobby");
+        must(!runs || boardOf(connection) || player.isNested(), "a session has no whiteboard");
     }
-}
-
-int clientworld::countOf(std::initializer_list<sessionstate> states) const
-{
-    if (!controller)
-        return 0;
-    return static_cast<int>(std::count_if(std::begin(connections), std::end(connections), [&](uint64 schid) {
-        return std::find(states.begin(), states.end(), controller->stateOf(schid)) != states.end();
-    }));
 }
 
 void clientworld::checkSent()
@@ -150,8 +218,9 @@ void clientworld::checkSent()
     for (const sentcommand& command : qAsConst(host.sent)) {
         must(command.targetMode == PluginCommandTarget_CLIENT, "a message goes to more than listed clients");
         must(!command.text.isEmpty(), "an empty message was sent");
-        must(command.schid != unknown, "a message was sent without an own id");
+        must(command.schid != handler(unknown), "a message was sent without an own id");
     }
+    counts["message"] += host.sent.size();
     host.sent.clear();
     host.requests.clear();
     host.printed.clear();

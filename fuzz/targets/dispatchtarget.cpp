@@ -14,14 +14,14 @@ constexpr QSize boardSize(64, 48);
 
 void dispatchtarget::run(const QByteArray& input)
 {
-    if (!opened)
-        world.open();
+    world.restore();
     // The airbrush draws from it.
     std::srand(1);
-    // Opening the windows takes a hundred times as long as a message, so they stay when only their pictures changed.
-    opened = world.play(input);
-    if (opened)
-        clearPictures();
+    world.play(input);
+    // Opening a window takes a hundred times as long as reading a message, so those that nothing but paint can have
+    // changed stay.
+    world.restore();
+    clearPictures();
 }
 
 void dispatchtarget::clearPictures()

@@ -9,10 +9,10 @@
 class dispatchtarget : public fuzztarget {
 public:
     void run(const QByteArray& input) override;
+    QMap<QByteArray, int> reached() const override { return world.reached(); }
 
 private:
     void clearPictures();
 
     clientworld world;
-    bool opened = false;
 };

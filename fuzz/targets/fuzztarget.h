@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QMap>
 
 #include <array>
 #include <memory>
@@ -14,6 +15,10 @@ public:
     /// Ends the process when something unsound comes of the input. What one input leaves behind is gone before the
     /// next, so that each finding can be played again alone.
     virtual void run(const QByteArray& input) = 0;
+
+    /// How often the inputs so far got somewhere, by the name of the place. All places stand in it, so that who has run
+    /// many inputs sees what none of them came to.
+    virtual QMap<QByteArray, int> reached() const = 0;
 };
 
 /// The names of the targets, which are also those of their directories in the corpus.

@@ -21,11 +21,11 @@ void nestedplayer::play(const std::function<bool()>& next)
 {
     nextAction = next;
     dismissals = 0;
-    while (nextAction()) { }
-    must(!QApplication::activeModalWidget(), "a modal window outlives the call that ran it");
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    postStep();
+    loop.exec();
     nextAction = nullptr;
     windows.removeAll(QPointer<QWidget>());
+    must(!QApplication::activeModalWidget(), "a modal window outlives the call that ran it");
 }
 
 bool nestedplayer::eventFilter(QObject* watched, QEvent* event)
@@ -40,10 +40,10 @@ bool nestedplayer::eventFilter(QObject* watched, QEvent* event)
     return false;
 }
 
-// A posted event and no timer: it is the first thing that the window's event loop delivers, however busy the machine.
+// A posted event and no timer: the order in which things happen does not depend on the machine.
 void nestedplayer::postStep()
 {
-    if (stepPosted)
+    if (stepPosted || !nextAction)
         return;
     stepPosted = true;
     QCoreApplication::postEvent(this, new QEvent(stepEvent));
@@ -54,22 +54,32 @@ bool nestedplayer::event(QEvent* event)
     if (event->type() != stepEvent)
         return QObject::event(event);
     stepPosted = false;
-    if (!QApplication::activeModalWidget())
-        return true;
-    ++depth;
-    step();
-    --depth;
-    if (QApplication::activeModalWidget())
-        postStep();
+    // An action is on the stack but no modal window is open: the loop of one is about to be left, and the event that
+    // plays that action goes on.
+    if (depth == 0 || QApplication::activeModalWidget())
+        step();
     return true;
 }
 
 void nestedplayer::step()
 {
-    if (nextAction && nextAction())
+    const bool outer = nested;
+    nested = QApplication::activeModalWidget() != nullptr;
+    ++depth;
+    const bool played = nextAction();
+    --depth;
+    nested = outer;
+    if (played) {
         dismissals = 0;
-    else
+        postStep();
+    } else if (QApplication::activeModalWidget()) {
         dismiss();
+        postStep();
+    } else if (depth == 0) {
+        // Closed windows go when control is back here, before the loop is left.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        loop.exit();
+    }
 }
 
 void nestedplayer::dismiss()

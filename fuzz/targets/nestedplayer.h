@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QEventLoop>
 #include <QList>
 #include <QObject>
 #include <QPointer>
@@ -7,9 +8,9 @@
 
 #include <functional>
 
-/// Plays everything around the plugin: carries out one action after the other, and goes on with them inside the event
-/// loop of whatever modal window an action opens. A voice client does the same, for its events do not wait until a box
-/// is answered. No clock is involved, so the same actions give the same run. One lives at a time.
+/// Plays everything around the plugin: carries out one action after the other in an event loop, as a voice client does,
+/// and goes on with them inside the loop of whatever modal window an action opens, for what happens to a client does
+/// not wait until a box is answered. No clock is involved, so the same actions give the same run. One lives at a time.
 class nestedplayer : public QObject {
     Q_OBJECT
 
@@ -20,8 +21,8 @@ public:
     /// rejected, the topmost first; closed windows are gone on return.
     void play(const std::function<bool()>& next);
 
-    /// Whether an action is being played in the event loop of a modal window.
-    bool isNested() const { return depth > 0; }
+    /// Whether the action is, or was, played while a modal window was open.
+    bool isNested() const { return nested; }
 
     /// The visible windows of a class in the order in which they came up.
     template <typename Window> QList<Window*> shown() const
@@ -44,8 +45,10 @@ private:
     void dismiss();
 
     std::function<bool()> nextAction;
+    QEventLoop loop;
     QList<QPointer<QWidget>> windows;
-    int depth = 0;
-    int dismissals = 0; ///< since the last action
+    int depth = 0; ///< actions that are being carried out
+    bool nested = false;
     bool stepPosted = false;
+    int dismissals = 0; ///< since the last action
 };

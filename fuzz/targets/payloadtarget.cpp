@@ -53,7 +53,10 @@ void payloadtarget::run(const QByteArray& input)
     std::srand(1);
     paintscene& canvas = *canvases[static_cast<uchar>(input.at(0)) % canvases.size()];
     const QList<QByteArray> messages = input.mid(1).split('\0');
+    const QImage before = canvas.picture();
     for (const QByteArray& message : messages)
         paint(canvas, message);
+    painted += canvas.picture() != before ? 1 : 0;
+    canvas.grab(QRect(3, 2, 40, 40));
     canvas.applyDraw(static_cast<char>(kelvortool::clear), QColor(), 1, {});
 }

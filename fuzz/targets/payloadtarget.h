@@ -13,10 +13,12 @@ class payloadtarget : public fuzztarget {
 public:
     payloadtarget();
     void run(const QByteArray& input) override;
+    QMap<QByteArray, int> reached() const override { return {{"painted", painted}}; }
 
 private:
     void addCanvas(int width, int height);
 
     QTemporaryDir directory;
     std::vector<std::unique_ptr<paintscene>> canvases;
+    int painted = 0;
 };

@@ -15,6 +15,7 @@ void picturetarget::run(const QByteArray& input)
     file.close();
     const QImage picture = readPicture(path);
     must(qint64{picture.width()} * picture.height() <= mostPixels, "a picture is larger than it may be");
+    ++(picture.isNull() ? refused : read);
     for (const bool asBackground : {false, true}) {
         paintscene canvas(64, 48, nullptr);
         canvas.setImage(path, asBackground);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "fuzztarget.h"
+#include "memorydir.h"
 
 #include <QTemporaryDir>
 
@@ -9,7 +10,10 @@
 class picturetarget : public fuzztarget {
 public:
     void run(const QByteArray& input) override;
+    QMap<QByteArray, int> reached() const override { return {{"read", read}, {"refused", refused}}; }
 
 private:
-    QTemporaryDir directory;
+    QTemporaryDir directory{memoryDirForm()};
+    int read = 0;
+    int refused = 0;
 };

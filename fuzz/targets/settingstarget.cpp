@@ -25,4 +25,9 @@ void settingstarget::run(const QByteArray& input)
          "a size does not survive a save");
     must(again.downloaddir == read.downloaddir && again.soundpath == read.soundpath, "a path does not survive a save");
     file.remove();
+    const settings defaults;
+    changed +=
+        read.pong != defaults.pong || read.defaultwidth != defaults.defaultwidth || read.soundpath != defaults.soundpath
+        ? 1
+        : 0;
 }

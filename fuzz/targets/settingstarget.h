@@ -1,6 +1,7 @@
 #pragma once
 
 #include "fuzztarget.h"
+#include "memorydir.h"
 #include "tests/support/fakehost.h"
 
 #include <QTemporaryDir>
@@ -10,9 +11,11 @@ class settingstarget : public fuzztarget {
 public:
     settingstarget();
     void run(const QByteArray& input) override;
+    QMap<QByteArray, int> reached() const override { return {{"other than defaults", changed}}; }
 
 private:
     fakehost host;
-    QTemporaryDir directory;
+    QTemporaryDir directory{memoryDirForm()};
     int files = 0;
+    int changed = 0;
 };

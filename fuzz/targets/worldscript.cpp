@@ -84,70 +84,69 @@ bool worldscript::playNext()
 void worldscript::playRecord(const QByteArray& record)
 {
     const char letter = record.at(0);
-    if (letter >= '1' && letter <= '6') {
-        playMessage(record);
-        return;
-    }
-    painted = false;
-    if (letter == 'h')
-        playEvent(record.mid(1));
+    if (letter >= '1' && letter < '1' + clientworld::connections)
+        playMessage(letter - '0', record.mid(1));
+    else if (letter == 'h' && record.size() > 1)
+        playEvent(record.at(1), record.mid(2).trimmed().split(' '));
     else if (letter == 'f')
-        playFailure(record.mid(1));
+        playFailure(record.mid(1).trimmed());
     else if (letter == 'x')
         world.shutdown();
     else
         worlduser(world).act(record);
 }
 
-void worldscript::playMessage(const QByteArray& record)
+void worldscript::playMessage(int connection, const QByteArray& text)
 {
-    const QByteArray text = record.mid(1);
-    painted = painted && (text.isEmpty() || onlyPaints(text.at(0)));
     if (takesTooLong(text))
         return;
+    if (!text.isEmpty() && !onlyPaints(text.at(0)))
+        world.touch(connection);
     // The later interface of the client tells who spoke; its reader of the same bytes runs along.
     wire::mayComeFrom(2, text.constData());
-    world.controller->handlePluginCommand(static_cast<uint64>(record.at(0) - '0'), QString::fromLatin1("kelvor.so"),
+    world.controller->handlePluginCommand(world.handler(connection), QString::fromLatin1("kelvor.so"),
                                           text.constData());
 }
 
-void worldscript::playEvent(const QByteArray& record)
+void worldscript::playEvent(char kind, const QList<QByteArray>& parts)
 {
-    const QList<QByteArray> parts = record.mid(1).trimmed().split(' ');
+    const int connection = parts.value(0).toInt();
+    const uint64 schid = world.handler(connection);
     const auto number = [&](int place) { return static_cast<uint64>(parts.value(place).toULongLong()); };
     const auto client = [&](int place) { return static_cast<anyID>(parts.value(place).toUInt()); };
     const auto text = [&](int place) { return QString::fromLatin1(parts.value(place)); };
     kelvor& controller = *world.controller;
-    switch (record.isEmpty() ? '\0' : record.at(0)) {
+    world.touch(connection);
+    switch (kind) {
     case 'm':
-        return controller.handleClientMove(number(0), client(1), number(2), number(3), parts.value(4).toInt());
+        return controller.handleClientMove(schid, client(1), number(2), number(3), parts.value(4).toInt());
     case 'c':
-        emit controller.channelCreated(number(0), number(1), number(2));
+        emit controller.channelCreated(schid, number(1), number(2));
         return;
     case 'd':
-        emit controller.channelDeleted(number(0), number(1));
+        emit controller.channelDeleted(schid, number(1));
         return;
     case 'v':
-        emit controller.channelMoved(number(0), number(1), number(2));
+        emit controller.channelMoved(schid, number(1), number(2));
         return;
     case 'l':
-        emit controller.fileList(number(0), number(1), text(2), text(3), number(4), number(5), parts.value(6).toInt());
+        emit controller.fileList(schid, number(1), text(2), text(3), number(4), number(5), parts.value(6).toInt());
         return;
     case 't':
-        emit controller.fileTransferStatus(client(0), parts.value(1).toUInt(), QString(), number(2), number(3));
+        emit controller.fileTransferStatus(client(1), parts.value(2).toUInt(), text(4), number(3), schid);
         return;
     default:
         return;
     }
 }
 
-void worldscript::playFailure(const QByteArray& record)
+void worldscript::playFailure(const QByteArray& number)
 {
     bool isNumber = false;
-    const uint number = record.trimmed().toUInt(&isNumber);
+    const uint place = number.toUInt(&isNumber);
     const QList<QByteArray> functions = hostFunctions();
     if (isNumber)
-        world.host.failing.insert(functions.at(static_cast<int>(number % static_cast<uint>(functions.size()))));
+        world.host.failing.insert(functions.at(static_cast<int>(place % static_cast<uint>(functions.size()))));
     else
         world.host.failing.clear();
 }

@@ -9,9 +9,9 @@ class clientworld;
 /// does, and begins with a letter; numbers behind it are decimal, with blanks between them:
 ///
 ///     1..6   a message of a peer on that connection, as the wire has it
-///     y n    the user agrees in the topmost modal window, or refuses
+///     y, n   the user agrees in the topmost modal window, or refuses
 ///     u      the user does something else, see worlduser.h
-///     h      the client reports something: h kind numbers, see playEvent() for the kinds
+///     h      the client reports something: h kind connection numbers, see playEvent() for the kinds
 ///     f      host function number n fails from now on; without a number all of them work again
 ///     x      the client shuts the plugin down
 ///
@@ -23,20 +23,16 @@ public:
     /// False when there is no record left.
     bool playNext();
 
-    /// Whether all that was played so far can only have changed pictures.
-    bool onlyPainted() const { return painted; }
-
     /// The functions that the record f counts from 0 on.
     static QList<QByteArray> hostFunctions();
 
 private:
     void playRecord(const QByteArray& record);
-    void playMessage(const QByteArray& record);
-    void playEvent(const QByteArray& record);
-    void playFailure(const QByteArray& record);
+    void playMessage(int connection, const QByteArray& text);
+    void playEvent(char kind, const QList<QByteArray>& parts);
+    void playFailure(const QByteArray& number);
 
     clientworld& world;
     QByteArray script;
     int at = 0;
-    bool painted = true;
 };

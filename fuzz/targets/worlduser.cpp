@@ -63,15 +63,16 @@ void worlduser::act(const QByteArray& record)
         return;
     const char act = record.at(1);
     QList<QByteArray> parts = record.mid(2).trimmed().split(' ');
-    const QByteArray first = parts.takeFirst();
+    const int connection = parts.takeFirst().toInt();
+    world.touch(connection);
     if (act == 'o') {
-        world.controller->handleCommand(first.toULongLong(), QString::fromLatin1("open"));
+        world.controller->handleCommand(world.handler(connection), QString::fromLatin1("open"));
     } else if (act == 'g') {
         world.controller->showConfigDialog(nullptr);
-    } else if (invitationdialog* lobby = world.player.shown<invitationdialog>().value(first.toInt());
-               lobby && QByteArray("itaclk").contains(act)) {
-        actInLobby(act, *lobby, parts);
-    } else if (whiteboard* board = world.player.shown<whiteboard>().value(first.toInt())) {
+    } else if (QByteArray("itaclk").contains(act)) {
+        if (invitationdialog* lobby = world.lobbyOf(connection))
+            actInLobby(act, *lobby, parts);
+    } else if (whiteboard* board = world.boardOf(connection)) {
         actOnBoard(act, *board, parts);
     }
 }

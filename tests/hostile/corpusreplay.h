@@ -1,0 +1,28 @@
+#pragma once
+
+#include "fuzz/targets/fuzztarget.h"
+
+#include <QObject>
+
+/// One fuzz target without a fuzzer: its corpus, and seeded mutations of it. Whatever is unsound ends the process. The
+/// tests differ only in their target, and are programs of their own so that they run side by side.
+class corpusreplay : public QObject {
+    Q_OBJECT
+
+public:
+    /// So many mutations take some seconds, or some minutes under sanitizers.
+    corpusreplay(const char* target, int mutations);
+
+private slots:
+    void initTestCase();
+    void theCorpusIsWhatTheWriterMakes();
+    void eachInputOfTheCorpusIsSurvivedAndLeavesNothingBehind_data();
+    void eachInputOfTheCorpusIsSurvivedAndLeavesNothingBehind();
+    void mutationsOfTheCorpusAreSurvived();
+
+private:
+    QByteArray target;
+    int mutations;
+    std::unique_ptr<fuzztarget> reader;
+    QMap<QString, QByteArray> corpus;
+};

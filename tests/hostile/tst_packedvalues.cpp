@@ -1,0 +1,93 @@
+#include "plugin/packedvalues.h"
+#include "plugin/settings.h"
+#include "tests/support/fakehost.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+/// Settings files with objects in them, which the toolkit would unpack: some crash it.
+class tst_packedvalues : public QObject {
+    Q_OBJECT
+
+private slots:
+    void objectsAreFoundHoweverTheyAreSpelled_data();
+    void objectsAreFoundHoweverTheyAreSpelled();
+    void aFileWithAnObjectGivesTheDefaultsAndIsReplaced();
+    void textsThatLookLikeObjectsSurviveAFile_data();
+    void textsThatLookLikeObjectsSurviveAFile();
+};
+
+void tst_packedvalues::objectsAreFoundHoweverTheyAreSpelled_data()
+{
+    QTest::addColumn<QByteArray>("ini");
+    QTest::addColumn<bool>("packed");
+    QTest::newRow("empty") << QByteArray() << false;
+    QTest::newRow("plain") << QByteArray("soundpath=/a@b/Variant(") << false;
+    QTest::newRow("object") << QByteArray("soundpath=@Variant(\\0\\0\\0") << true;
+    QTest::newRow("date") << QByteArray("soundpath=@DateTime(\\0\\0\\0") << true;
+    QTest::newRow("bytes") << QByteArray("soundpath=@ByteArray(abc)") << false;
+    QTest::newRow("doubled mark") << QByteArray("soundpath=@@Variant(x)") << false;
+    QTest::newRow("doubled mark, then an object") << QByteArray("a=@@Variant(x)\nb=@Variant(x)") << true;
+    QTest::newRow("quoted") << QByteArray("soundpath=\"@Variant(x)\"") << true;
+    QTest::newRow("quotes within") << QByteArray("soundpath=\"@Var\"\"iant\"(x)") << true;
+    QTest::newRow("hexadecimal mark") << QByteArray("soundpath=\\x40Variant(x)") << true;
+    QTest::newRow("hexadecimal letter") << QByteArray("soundpath=@\\x0056\\x61riant(x)") << true;
+    QTest::newRow("hexadecimal beyond 16 bits") << QByteArray("soundpath=\\x10040Variant(x)") << true;
+    QTest::newRow("octal mark") << QByteArray("soundpath=\\100Variant(x)") << true;
+    QTest::newRow("escape of nothing") << QByteArray("soundpath=@\\Variant(\\q@Variant(") << true;
+    QTest::newRow("escape of a control character between") << QByteArray("soundpath=@\\tVariant(x)") << false;
+    QTest::newRow("continued line") << QByteArray("soundpath=\\\n@Variant(x)") << true;
+    QTest::newRow("in a list") << QByteArray("soundpath=a, @Variant(x)") << true;
+    QTest::newRow("ends in a backslash") << QByteArray("soundpath=\\") << false;
+    QTest::newRow("ends in a number") << QByteArray("soundpath=\\x4") << false;
+}
+
+void tst_packedvalues::objectsAreFoundHoweverTheyAreSpelled()
+{
+    QFETCH(QByteArray, ini);
+    QFETCH(bool, packed);
+    QCOMPARE(holdsPackedValues(ini), packed);
+}
+
+void tst_packedvalues::aFileWithAnObjectGivesTheDefaultsAndIsReplaced()
+{
+    const QTemporaryDir directory;
+    fakehost host;
+    host.configPath = QFile::encodeName(directory.path()) + '/';
+    // A polygon of 2^31 - 1 points, none of which follows.
+    QFile file(directory.filePath(QString::fromLatin1("kelvor.conf")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("[General]\npong=false\nsoundpath=@Variant(\\0\\0\\0V\\0\\x7f\\xff\\xff\\xff)\n");
+    file.close();
+    settings values = loadSettings(host.table());
+    QVERIFY(values.pong);
+    QVERIFY(values.soundpath.isEmpty());
+    values.defaultwidth = 700;
+    saveSettings(host.table(), values);
+    QCOMPARE(loadSettings(host.table()).defaultwidth, 700);
+}
+
+void tst_packedvalues::textsThatLookLikeObjectsSurviveAFile_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("object") << QString::fromLatin1("@Variant(abc");
+    QTest::newRow("mark") << QString::fromLatin1("@");
+    QTest::newRow("marks") << QString::fromLatin1("@@Variant(x)");
+    QTest::newRow("network directory") << QString::fromLatin1("\\\\server\\@pictures");
+}
+
+void tst_packedvalues::textsThatLookLikeObjectsSurviveAFile()
+{
+    QFETCH(QString, text);
+    const QTemporaryDir directory;
+    fakehost host;
+    host.configPath = QFile::encodeName(directory.path()) + '/';
+    settings values;
+    values.soundpath = text;
+    saveSettings(host.table(), values);
+    QCOMPARE(loadSettings(host.table()).soundpath, text);
+}
+
+QTEST_GUILESS_MAIN(tst_packedvalues)
+#include "tst_packedvalues.moc"
