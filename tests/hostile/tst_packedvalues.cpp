@@ -58,7 +58,7 @@ void tst_packedvalues::aFileWithAnObjectGivesTheDefaultsAndIsReplaced()
     // A polygon of 2^31 - 1 points, none of which follows.
     QFile file(directory.filePath(QString::fromLatin1("kelvor.conf")));
     QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("[General]\npong=false\nsoundpath=@Variant(\\0\\0\\0V\\0\\x7f\\xff\\xff\\xff)\n");
+    file.write("[General]\npong=false\nsoundpath=@Variant(\\0\\0\\0\\xb7\\x7f\\xff\\xff\\xff)\n");
     file.close();
     settings values = loadSettings(host.table());
     QVERIFY(values.pong);
