@@ -50,6 +50,5 @@ bool keepOpenHouse(const directoroptions& options, QString* error)
     });
     if (!interrupted && anyRunning(boards))
         loop.exec();
-    // Ctrl+C reaches the clients as well, and they end by themselves.
     return boards.endAll(error);
 }

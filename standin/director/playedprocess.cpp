@@ -3,6 +3,10 @@
 #include <QEventLoop>
 #include <QTimer>
 
+#include <unistd.h>
+
+void quietprocess::setupChildProcess() { ::setpgid(0, 0); }
+
 playedprocess::playedprocess(const QString& name, const QString& program, const QStringList& arguments, QObject* parent)
     : QObject(parent)
     , ownName(name)

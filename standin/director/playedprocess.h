@@ -7,6 +7,13 @@
 
 #include <optional>
 
+/// A process that a Ctrl+C at the terminal does not reach: it strikes all of a group at once, and clients whose server
+/// went first would complain. Whoever started the process ends it.
+class quietprocess : public QProcess {
+protected:
+    void setupChildProcess() override;
+};
+
 /// A program of the stand-in that is played by lines: one command, one answer. Every wait has a deadline, and the
 /// process never outlives this object.
 class playedprocess : public QObject {
@@ -42,7 +49,7 @@ private:
     void readLines();
 
     const QString ownName;
-    QProcess process;
+    quietprocess process;
     QByteArray incoming;
     QQueue<QString> lines;
     QString failure;
