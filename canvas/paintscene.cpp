@@ -61,29 +61,34 @@ void paintscene::setImage(const QString& path, bool asBackground)
     if (canvas.isNull()) {
         return;
     }
+    const bool isFirst = !opened;
+    opened = true;
     if (path.isEmpty()) {
         canvas.fill(paper);
         return;
     }
+    const QSize size = canvas.size();
     if (asBackground) {
         canvas.fill(unpainted);
-        // Made no sooner, for most sessions have no background and do without its memory.
-        if (background.isNull()) {
-            background = makeLayer(canvas.size(), paper);
-        }
-        loadLayer(background, path);
+        loadLayer(background, path, size);
         backgroundCovers = layers::covers(background, canvas.rect());
     } else {
-        loadLayer(canvas, path);
+        if (isFirst) {
+            // Nothing is lost with the blank layer, and a session then never holds two pictures.
+            canvas = QImage();
+        }
+        loadLayer(canvas, path, size);
     }
     hasBackground = asBackground;
 }
 
-void paintscene::loadLayer(QImage& layer, const QString& path)
+void paintscene::loadLayer(QImage& layer, const QString& path, const QSize& size)
 {
     QImage picture = readPicture(path);
     if (!picture.isNull()) {
         layer = std::move(picture).convertToFormat(QImage::Format_ARGB32);
+    } else if (layer.isNull()) {
+        layer = makeLayer(size, paper);
     }
     layers::normalise(layer);
 }

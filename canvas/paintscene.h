@@ -82,26 +82,21 @@ private:
     struct toolrow;
     struct toolcalls;
     static const toolrow* rowOf(kelvortool tool);
-
-    void loadLayer(QImage& layer, const QString& path);
+    void loadLayer(QImage& layer, const QString& path, const QSize& size);
     void updateCursor();
-
     bool callTool(bool (*toolrow::*operation)(paintscene&, toolevent&), toolevent& event);
     void pressFill(const QPoint& pos);
     void record(const toolevent& event);
     void sendPoints();
     void deliverText(std::unique_ptr<QString> finished);
     void updateAfter(const QMouseEvent& event);
-
     void paintExposed(QPainter& screen, const QRect& exposed);
     bool hasOverlay() const;
     void drawOverlay(QImage& slice, const QPoint& origin);
-
-    void clearAll();
     void applyEffect(effects::effect kind, kelvortool message, bool send, const QString& data);
 
     QImage canvas;
-    QImage background;
+    QImage background; ///< null until there is one, for most sessions do without its memory
     bool hasBackground = false;
     std::unique_ptr<pencilbrush> pencil;
     std::unique_ptr<linebrush> line;
@@ -117,9 +112,11 @@ private:
     QList<QPoint> points;
     bool fillRunning = false;
 
+    bool opened = false; ///< setImage was called
     bool backgroundCovers = false; ///< the background leaves nothing of the paper below it to be seen
     kelvortool pathTool = kelvortool::notool; ///< the path tool that painted last, and where it stood then
     QPoint pathEnd;
-    kelvortool cursorTool = kelvortool::airbrush; ///< what the shown cursor was made for
+    kelvortool cursorTool =
+        kelvortool::airbrush; ///< what the cursor was made for; the airbrush, with none, for nothing
     qreal cursorThickness = 0;
 };

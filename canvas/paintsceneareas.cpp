@@ -8,8 +8,6 @@
 
 using effects::effect;
 
-void paintscene::clearAll() { canvas.fill(hasBackground ? QRgb{0x00ffffff} : QRgb{0xffffffff}); }
-
 void paintscene::clearCanvas(bool send)
 {
     if (canvas.isNull()) {
@@ -23,7 +21,7 @@ void paintscene::clearCanvas(bool send)
         }
         emit extendedPaintDataAvailable(kelvortool::clearselection, payloads::regionData(region));
     } else {
-        clearAll();
+        canvas.fill(hasBackground ? QRgb{0x00ffffff} : QRgb{0xffffffff});
         if (send) {
             emit paintDataAvailable(kelvortool::clear, {});
         }

@@ -13,8 +13,7 @@ void paintscene::applyDraw(char toolValue, const QColor& strokeColor, qreal thic
         return;
     }
     if (painted == kelvortool::clear) {
-        clearAll();
-        update();
+        clearCanvas(false);
         return;
     }
     const toolrow* row = rowOf(painted);
