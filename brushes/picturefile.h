@@ -6,6 +6,6 @@
 /// More pixels than this are refused before they are decoded: a small file can declare a picture of gigabytes.
 constexpr qint64 mostPixels = 64 * 1000 * 1000;
 
-/// Reads a picture of any format that the toolkit knows; the content decides the format, not the name. A null image
-/// when the file is absent, unreadable, or larger than mostPixels.
+/// Reads a picture of one of the common pixel formats; the content decides the format, not the name. A null image when
+/// the file is absent, unreadable, or larger than mostPixels.
 QImage readPicture(const QString& path);
