@@ -1,5 +1,5 @@
-# The library as it is given away: stripped, under the name that a client of its interface expects. Installing copies that
-# file, and the package for the installer of today's clients holds it.
+# The library as it is given away: stripped, under the name that a client of its interface expects. Installing copies
+# that file, and the package for the installer of today's clients holds it.
 
 set(KELVOR_DELIVERED_NAME kelvor.so)
 if(KELVOR_HOST_INTERFACE EQUAL 26)
@@ -32,7 +32,7 @@ if(KELVOR_HOST_INTERFACE EQUAL 26)
   add_dependencies(package delivered)
 else()
   add_custom_target(package
-    COMMAND ${CMAKE_COMMAND} -E echo "Packages are for clients of interface 26: cmake --preset client26, then build there"
+    COMMAND ${CMAKE_COMMAND} -E echo "Packages are for clients of interface 26: use the preset client26"
     COMMAND ${CMAKE_COMMAND} -E false
     VERBATIM)
 endif()
