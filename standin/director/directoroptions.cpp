@@ -66,8 +66,8 @@ directoroptions readDirectorOptions(programoptions* parser, const QStringList& a
 
 QStringList ownScripts()
 {
-    return {QStringLiteral("road"), QStringLiteral("tools"), QStringLiteral("picture"), QStringLiteral("lobby"),
-            QStringLiteral("guide")};
+    return {QStringLiteral("road"),  QStringLiteral("tools"), QStringLiteral("picture"),
+            QStringLiteral("lobby"), QStringLiteral("guide"), QStringLiteral("hand")};
 }
 
 QString scriptText(const QString& nameOrFile)

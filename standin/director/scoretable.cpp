@@ -56,11 +56,25 @@ void scoretable::note(const QString& player, const QString& command)
         tools[player] = rest;
     else if (verb == QLatin1String("drag") || verb == QLatin1String("release"))
         ++strokes[player][tools.value(player, QStringLiteral("none"))];
+    else if (verb == QLatin1String("pointer"))
+        notePointer(player, rest.split(QLatin1Char(' ')));
     else if (verb == QLatin1String("click")) {
         const QString button = rest.section(QStringLiteral(" in "), 0, 0).remove(QLatin1Char('"'));
         if (isEffect(button))
             ++strokes[player][button];
     }
+}
+
+// The pointer takes up tools by their buttons, and uses them on the canvas.
+void scoretable::notePointer(const QString& player, const QStringList& words)
+{
+    static const QStringList buttons{QStringLiteral("Select"), QStringLiteral("Pencil"),  QStringLiteral("Line"),
+                                     QStringLiteral("Rect"),   QStringLiteral("Ellipse"), QStringLiteral("Eraser"),
+                                     QStringLiteral("Text"),   QStringLiteral("Fill")};
+    if (words.value(1) == QLatin1String("canvas"))
+        ++strokes[player][tools.value(player, QStringLiteral("none"))];
+    else if (words.value(1) == QLatin1String("button") && buttons.contains(words.value(2)))
+        tools[player] = words.value(2).toLower();
 }
 
 void scoretable::addComparison(const QStringList& names, int differentPixels)

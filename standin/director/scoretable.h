@@ -30,6 +30,7 @@ private:
         int times = 0; ///< how often in a row they were found equal
     };
 
+    void notePointer(const QString& player, const QStringList& words);
     int total(int kind, QMap<int, int> traffic::*direction) const;
     QString printTraffic() const;
 

@@ -29,6 +29,7 @@ clientplayer::clientplayer(voiceclient* client)
     addServerVerbs(&verbs);
     addHostVerbs(&verbs);
     addPeerVerbs(&verbs);
+    addPointerVerbs(&verbs);
     retryTimer.setSingleShot(true);
     connect(&retryTimer, &QTimer::timeout, this, &clientplayer::attempt);
     connect(&input, &linereader::lineRead, this, &clientplayer::receive);

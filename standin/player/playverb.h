@@ -56,3 +56,4 @@ void addWaitVerbs(verbtable* verbs);
 void addServerVerbs(verbtable* verbs);
 void addHostVerbs(verbtable* verbs);
 void addPeerVerbs(verbtable* verbs);
+void addPointerVerbs(verbtable* verbs);
