@@ -37,4 +37,9 @@ bool kelvoraboutdialog::eventFilter(QObject* object, QEvent* event)
     return QDialog::eventFilter(object, event);
 }
 
-void kelvoraboutdialog::showAboutQt() { QMessageBox::aboutQt(this, QString::fromLatin1("About Qt")); }
+void kelvoraboutdialog::showAboutQt()
+{
+    // Two presses may have come before the box of the first was there.
+    if (!findChild<QMessageBox*>())
+        QMessageBox::aboutQt(this, QString::fromLatin1("About Qt"));
+}

@@ -3,20 +3,14 @@
 #include "prompts/heldwindow.h"
 #include "prompts/prompts.h"
 
+#include <QFileDialog>
 #include <QIntValidator>
-#include <QPointer>
 
 namespace {
 
 // The sizes that the dialog suggests while typing, in pixels. A field may still be left outside of them.
 constexpr int smallestSide = 200;
 constexpr int largestSide = 2000;
-
-void takeChosen(const QPointer<QLineEdit>& edit, const QString& path)
-{
-    if (edit && !path.isEmpty())
-        edit->setText(path);
-}
 
 } // namespace
 
@@ -28,24 +22,34 @@ kelvorconfigdialog::kelvorconfigdialog(const QString& title, QWidget* parent)
     auto* validator = new QIntValidator(smallestSide, largestSide, this);
     widthedit->setValidator(validator);
     heightedit->setValidator(validator);
-    connect(downloadbutton, &QToolButton::clicked, this, &kelvorconfigdialog::getDownloadDir);
-    connect(soundbutton, &QToolButton::clicked, this, &kelvorconfigdialog::getSoundFile);
+    // Queued: the dialog may be destroyed while a file dialog is open, and the button, which looks at itself after a
+    // click, must not stand below on the stack then.
+    connect(downloadbutton, &QToolButton::clicked, this, &kelvorconfigdialog::getDownloadDir, Qt::QueuedConnection);
+    connect(soundbutton, &QToolButton::clicked, this, &kelvorconfigdialog::getSoundFile, Qt::QueuedConnection);
 }
+
+// Two clicks may have come before the first of them was answered.
+bool kelvorconfigdialog::isAsking() const { return findChild<QFileDialog*>() != nullptr; }
 
 // The pattern has no dot on purpose: it also offers names that merely end in these letters.
 void kelvorconfigdialog::getSoundFile()
 {
-    const QPointer<QLineEdit> edit(soundedit);
-    takeChosen(edit,
-               prompts::askOpenFile(this, QString::fromLatin1("Open Wave File"), soundedit->text(),
-                                    QString::fromLatin1("Wavefiles (*wav)")));
+    if (isAsking())
+        return;
+    const QString path = prompts::askOpenFile(this, QString::fromLatin1("Open Wave File"), soundedit->text(),
+                                              QString::fromLatin1("Wavefiles (*wav)"));
+    if (!path.isEmpty())
+        soundedit->setText(path);
 }
 
 void kelvorconfigdialog::getDownloadDir()
 {
-    const QPointer<QLineEdit> edit(downloadedit);
-    takeChosen(edit,
-               prompts::askDirectory(this, QString::fromLatin1("Choose Download Directory"), downloadedit->text()));
+    if (isAsking())
+        return;
+    const QString path =
+        prompts::askDirectory(this, QString::fromLatin1("Choose Download Directory"), downloadedit->text());
+    if (!path.isEmpty())
+        downloadedit->setText(path);
 }
 
 bool editSettings(const QString& title, const QString& downloaddir, bool playsound, const QString& soundpath,

@@ -24,6 +24,8 @@ private slots:
     void getDownloadDir();
 
 private:
+    bool isAsking() const;
+
     friend bool editSettings(const QString& title, const QString& downloaddir, bool playsound, const QString& soundpath,
                              bool awayreject, bool onlyactivetab, int defaultwidth, int defaultheight, bool pong,
                              QString* newDownloaddir, bool* newPlaysound, QString* newSoundpath, bool* newAwayreject,

@@ -23,8 +23,7 @@ void mysplitterhandle::mouseMoveEvent(QMouseEvent* event)
 {
     if (ignoreRelease)
         return;
-    if (event->buttons() & Qt::LeftButton)
-        dragged = dragged || isDrag(event->pos());
+    dragged = dragged || isDrag(event->pos());
     const QSignalBlocker quiet(dragged ? nullptr : splitter());
     QSplitterHandle::mouseMoveEvent(event);
 }

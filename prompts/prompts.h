@@ -11,7 +11,8 @@ class QMessageBox;
 /// Modal questions to the user. Each stands in for the toolkit's static function of the same kind, with two
 /// differences: the parent may be destroyed while the question is open (the question then counts as cancelled), and
 /// texts are never read as HTML and shown on plain lines, the longest without their middle, for names of people,
-/// channels and servers stand in them. After each of them the caller must look whether its own object still lives.
+/// channels and servers stand in them. An answer means that the parent still lives; after a cancelled question whoever
+/// goes on must look.
 namespace prompts {
 
 /// A line of text, an empty optional when cancelled.

@@ -213,6 +213,9 @@ void ts3filedialog::onRefreshButtonClicked() { }
 
 void ts3filedialog::onTableDoubleClicked()
 {
+    // Two double clicks may have come before the first of them was answered by a prompt.
+    if (findChild<QDialog*>())
+        return;
     const QList<QTableWidgetItem*> selected = table->selectedItems();
     for (const QTableWidgetItem* item : selected) {
         const auto* const row = dynamic_cast<const mytableitem*>(item);

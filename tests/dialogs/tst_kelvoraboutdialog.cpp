@@ -160,6 +160,23 @@ private slots:
         QCOMPARE(web->opened, QList<QUrl>());
     }
 
+    void twoPressesShowOneBox()
+    {
+        int boxes = 0;
+        const whenopen<QMessageBox> user([&](QMessageBox& box) {
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
+            boxes = dialog->findChildren<QMessageBox*>().size();
+            box.close();
+        });
+        for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton}) {
+            QMouseEvent press(QEvent::MouseButtonPress, QPointF(1, 1), button, button, Qt::NoModifier);
+            QApplication::sendEvent(label("qtlabel"), &press);
+        }
+        QTRY_VERIFY(user.ran());
+        QCOMPARE(boxes, 1);
+        QVERIFY(!QApplication::activeModalWidget());
+    }
+
     void aClickOnTheDonationPictureOpensItsPage_data() { addButtonRows(); }
     void aClickOnTheDonationPictureOpensItsPage()
     {

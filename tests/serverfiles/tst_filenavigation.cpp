@@ -10,6 +10,7 @@ private slots:
     void enteringAChannelAsksForItsRoot();
     void lockedChannelAsksForItsPassword();
     void foreignNameInThePromptIsPlainText();
+    void twoDoubleClicksAskOnce();
     void cancelledPromptLeavesTheChannelForARefresh();
     void enteringAChannelForgetsTheEarlierPassword();
     void directoryIsAppendedToThePath();
@@ -73,6 +74,24 @@ void tst_filenavigation::foreignNameInThePromptIsPlainText()
         });
         window.doubleClick(1);
         QTRY_VERIFY(user.ran());
+    });
+}
+
+void tst_filenavigation::twoDoubleClicksAskOnce()
+{
+    filebrowsing browsing;
+    browsing.open([](filewindow& window) {
+        int prompts = 0;
+        const whenopen<QInputDialog> user([&](QInputDialog& prompt) {
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
+            prompts = window.table.window()->findChildren<QInputDialog*>().size();
+            prompt.reject();
+        });
+        window.doubleClick(1);
+        window.doubleClick(1);
+        QTRY_VERIFY(user.ran());
+        QCOMPARE(prompts, 1);
+        QCOMPARE(QApplication::activeModalWidget(), window.table.window());
     });
 }
 
