@@ -147,7 +147,8 @@ void tst_settings::valuesOutOfRangeAreTakenAsTheyStand()
 
 void tst_settings::aFileThatIsNoSettingsFileGivesTheDefaults()
 {
-    writeConfig(QByteArray("\x00\xff\xfe garbage ][ =\n\n=====\n", 27));
+    const char garbage[] = "\x00\xff\xfe garbage ][ =\n\n=====\n";
+    writeConfig(QByteArray(garbage, sizeof(garbage) - 1));
     const settings values = loadSettings(host->table());
     QCOMPARE(values.defaultwidth, 640);
     QCOMPARE(values.onlyactivetab, true);
