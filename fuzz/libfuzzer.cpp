@@ -6,6 +6,7 @@
 #include <QHash>
 
 #include <cstdint>
+#include <cstdlib>
 
 namespace {
 
@@ -21,8 +22,11 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
     static int count = 1;
     static char name[] = "fuzz";
     static char* arguments[] = {name, nullptr};
-    static QApplication application(count, arguments);
+    // Never destroyed: when the process ends, statics of the toolkit that it needs for that are gone already.
+    new QApplication(count, arguments);
     target = makeTarget(KELVOR_FUZZ_TARGET);
+    // Its windows need the toolkit to go.
+    std::atexit([] { target.reset(); });
     return 0;
 }
 
