@@ -6,7 +6,16 @@
 #include <QPainter>
 
 #include <algorithm>
-#include <cstring>
+
+namespace {
+
+/// Pixels across and down of the parts that are looked at.
+constexpr int tileSize = 64;
+
+/// So many times the painting goes on between one look and the next.
+constexpr int growth = 4;
+
+} // namespace
 
 settledwatch::settledwatch(QPainter* painter)
     : painter(painter)
@@ -15,31 +24,52 @@ settledwatch::settledwatch(QPainter* painter)
 {
 }
 
+settledwatch::~settledwatch() { painter->setClipping(false); }
+
 bool settledwatch::settledAfter(qint64 pixels)
 {
     painted += pixels;
     if (!picture || painted < lookAt)
         return false;
-    lookAt = 2 * painted;
-    return isSettled();
+    lookAt = growth * painted;
+    return clipToUnsettled();
 }
 
-bool settledwatch::isSettled() const
+bool settledwatch::clipToUnsettled()
 {
-    const auto row = [this](int y) { return reinterpret_cast<const QRgb*>(picture->constScanLine(y)); };
-    const QRgb first = row(0)[0];
-    if (std::any_of(row(0), row(0) + picture->width(), [first](QRgb pixel) { return pixel != first; }))
-        return false;
-    const std::size_t bytes = static_cast<std::size_t>(picture->width()) * sizeof(QRgb);
-    for (int y = 1; y < picture->height(); ++y) {
-        if (std::memcmp(row(0), row(y), bytes) != 0)
+    bool nothingLeft = true;
+    for (int top = 0; top < picture->height(); top += tileSize) {
+        for (int left = 0; left < picture->width(); left += tileSize) {
+            const QRect tile = QRect(left, top, tileSize, tileSize).intersected(picture->rect());
+            if (settled.contains(tile.center()))
+                continue;
+            if (isSettled(tile))
+                settled += tile;
+            else
+                nothingLeft = false;
+        }
+    }
+    // The outermost pixels stay in the clip: so the toolkit rasterises each shape as it does without one.
+    const QRect inner = picture->rect().adjusted(1, 1, -1, -1);
+    painter->setClipRegion(QRegion(picture->rect()) - settled.intersected(inner));
+    return nothingLeft;
+}
+
+/// Whether painting the pen's colour over these pixels leaves each as it is. For a half-transparent colour only opaque
+/// pixels are sure: others the toolkit rounds differently from place to place.
+bool settledwatch::isSettled(const QRect& part) const
+{
+    const QImage before = picture->copy(part);
+    const bool sure = painter->pen().brush().isOpaque();
+    for (int y = 0; y < before.height() && !sure; ++y) {
+        const auto* pixels = reinterpret_cast<const QRgb*>(before.constScanLine(y));
+        if (std::any_of(pixels, pixels + before.width(), [](QRgb pixel) { return qAlpha(pixel) != 0xff; }))
             return false;
     }
-    QImage pixel(1, 1, picture->format());
-    std::memcpy(pixel.bits(), &first, sizeof first);
-    QPainter trial(&pixel);
+    QImage after = before;
+    QPainter trial(&after);
     trial.setCompositionMode(painter->compositionMode());
-    trial.fillRect(pixel.rect(), painter->pen().brush());
+    trial.fillRect(after.rect(), painter->pen().brush());
     trial.end();
-    return std::memcmp(pixel.constBits(), &first, sizeof first) == 0;
+    return after == before;
 }

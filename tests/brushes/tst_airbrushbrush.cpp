@@ -362,7 +362,7 @@ void tst_airbrushbrush::replayIsTheLiteralSegments()
     QFETCH(QString, canvas);
     QFETCH(bool, translucent);
     randompainting random(42);
-    for (int round = 0; round < 60; ++round) {
+    for (int round = 0; round < 30; ++round) {
         const QImage before = canvas == "white" ? whiteCanvas()
             : canvas == "clear"                 ? clearCanvas()
                                                 : random.picture(small);
@@ -386,7 +386,7 @@ void tst_airbrushbrush::narrowReplayIsTheLiteralSegments()
 void tst_airbrushbrush::wideReplayIsTheLiteralSegments()
 {
     randompainting random(44);
-    for (const int width : {201, 512, 777, 1999, 4000, 10001, 16384}) {
+    for (const int width : {201, 777, 4000, 16384}) {
         const int reach = width / 2 + 40;
         const QList<QPoint> path{QPoint(60, 45), QPoint(-reach, random.number(-300, 300)),
                                  QPoint(random.number(-300, 300), reach), QPoint(random.number(-300, 300), reach - 60)};

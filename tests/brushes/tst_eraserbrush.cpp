@@ -243,7 +243,7 @@ void tst_eraserbrush::wideReplayIsTheLiteralPath()
     const QSize large(400, 300);
     for (int round = 0; round < 15; ++round) {
         const QImage canvas = random.picture(large);
-        const QList<QPoint> path = random.stroke(random.number(2, 50), large, 500);
+        const QList<QPoint> path = random.stroke(random.number(2, 150), large, 500);
         const qreal thick = random.number(4000, 12000) / 10.0;
         QCOMPARE(replayed(canvas, thick, path, opaque), literally(canvas, thick, path, opaque));
     }

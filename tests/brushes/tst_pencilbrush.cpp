@@ -47,7 +47,8 @@ private slots:
     void replayIsTheLiteralPath();
     void hostileReplayIsTheLiteralPath();
     void wideReplayIsTheLiteralPath();
-    void longReplayStopsOnlyWhenNothingCanChange();
+    void longReplaySparesOnlyWhatCannotChange_data();
+    void longReplaySparesOnlyWhatCannotChange();
 };
 
 void tst_pencilbrush::otherButtonsAreIgnored()
@@ -270,15 +271,30 @@ void tst_pencilbrush::wideReplayIsTheLiteralPath()
     }
 }
 
-void tst_pencilbrush::longReplayStopsOnlyWhenNothingCanChange()
+void tst_pencilbrush::longReplaySparesOnlyWhatCannotChange_data()
 {
+    QTest::addColumn<QColor>("color");
+    QTest::addColumn<bool>("spread");
+    QTest::newRow("opaque, all over the canvas") << QColor(10, 20, 30) << true;
+    QTest::newRow("opaque, around one place") << QColor(10, 20, 30) << false;
+    QTest::newRow("half-transparent, all over the canvas") << QColor(10, 20, 30, 70) << true;
+    QTest::newRow("half-transparent, around one place") << QColor(10, 20, 30, 200) << false;
+}
+
+void tst_pencilbrush::longReplaySparesOnlyWhatCannotChange()
+{
+    QFETCH(QColor, color);
+    QFETCH(bool, spread);
     randompainting random(15);
-    QList<QPoint> path = random.stroke(40, small, 10);
-    for (int i = 0; i < 200; ++i)
-        path.append(random.point(small, 400));
-    for (const QColor& color : {QColor(10, 20, 30), QColor(10, 20, 30, 70)}) {
-        for (const qreal thick : {90.0, 180.0, 500.0, 900.0})
-            QCOMPARE(replayed(whiteCanvas(), color, thick, path), literally(whiteCanvas(), color, thick, path));
+    const QSize large(400, 300);
+    QImage opaquePicture = random.picture(large).convertToFormat(QImage::Format_RGB32);
+    opaquePicture = opaquePicture.convertToFormat(QImage::Format_ARGB32);
+    for (const qreal thick : {3.0, 90.0, 333.3, 900.0}) {
+        QList<QPoint> path = random.stroke(40, large, 10);
+        for (int i = 0; i < 200; ++i)
+            path.append(spread ? random.point(large, 400) : QPoint(random.number(-40, 40), random.number(0, 120)));
+        for (const QImage& canvas : {opaquePicture, random.picture(large), clearCanvas(large)})
+            QCOMPARE(replayed(canvas, color, thick, path), literally(canvas, color, thick, path));
     }
 }
 

@@ -38,6 +38,9 @@ private slots:
     void clearedPictureIsSettledForClearing();
     void looksOnlyAfterEnoughPainting();
     void looksLessAndLessOften();
+    void settledPartsAreLeftOutOfTheClip();
+    void outermostPixelsStayInTheClip();
+    void clipIsTakenAwayInTheEnd();
     void otherDevicesAreNeverSettled();
 };
 
@@ -98,8 +101,47 @@ void tst_settledwatch::looksLessAndLessOften()
     const qint64 pixels = qint64(canvas.width()) * canvas.height();
     QVERIFY(!watch.settledAfter(pixels));
     painter.fillRect(canvas.rect(), Qt::red);
-    QVERIFY(!watch.settledAfter(pixels - 1));
-    QVERIFY(watch.settledAfter(1));
+    QVERIFY(!watch.settledAfter(pixels));
+    QVERIFY(watch.settledAfter(100 * pixels));
+}
+
+void tst_settledwatch::settledPartsAreLeftOutOfTheClip()
+{
+    QImage canvas = whiteCanvas(QSize(400, 300));
+    QPainter painter(&canvas);
+    painter.fillRect(QRect(0, 0, 250, 300), Qt::red);
+    painter.setPen(literal::strokePen(Qt::red, 5));
+    settledwatch watch(&painter);
+    QVERIFY(!watch.settledAfter(400 * 300));
+    const QRegion clip = painter.clipRegion();
+    QVERIFY(!clip.contains(QPoint(100, 150)));
+    // Whatever is not red yet can still be painted.
+    QVERIFY(QRegion(250, 0, 150, 300).subtracted(clip).isEmpty());
+}
+
+void tst_settledwatch::outermostPixelsStayInTheClip()
+{
+    QImage canvas = filled(0xffff0000);
+    canvas.setPixel(60, 45, 0xffffffff);
+    QPainter painter(&canvas);
+    painter.setPen(literal::strokePen(Qt::red, 5));
+    settledwatch watch(&painter);
+    QVERIFY(!watch.settledAfter(qint64(canvas.width()) * canvas.height()));
+    QCOMPARE(painter.clipRegion().boundingRect(), canvas.rect());
+    QVERIFY(!painter.clipRegion().contains(QPoint(100, 20)));
+}
+
+void tst_settledwatch::clipIsTakenAwayInTheEnd()
+{
+    QImage canvas = filled(0xffff0000);
+    QPainter painter(&canvas);
+    painter.setPen(literal::strokePen(Qt::red, 5));
+    {
+        settledwatch watch(&painter);
+        QVERIFY(watch.settledAfter(qint64(canvas.width()) * canvas.height()));
+        QVERIFY(painter.hasClipping());
+    }
+    QVERIFY(!painter.hasClipping());
 }
 
 void tst_settledwatch::otherDevicesAreNeverSettled()
