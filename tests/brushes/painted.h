@@ -28,3 +28,14 @@ inline QImage clearCanvas(const QSize& size = QSize(120, 90))
     canvas.fill(0x00ffffff);
     return canvas;
 }
+
+/// A canvas on which no two pixels are alike.
+inline QImage numberedCanvas(const QSize& size = QSize(120, 90))
+{
+    QImage canvas(size, QImage::Format_ARGB32);
+    for (int y = 0; y < canvas.height(); ++y) {
+        for (int x = 0; x < canvas.width(); ++x)
+            canvas.setPixel(x, y, qRgb(x, y, x ^ y));
+    }
+    return canvas;
+}
