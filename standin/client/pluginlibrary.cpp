@@ -2,6 +2,8 @@
 
 #include "hostservice.h"
 
+#include "hostapi/pluginname.h"
+
 #include <QFileInfo>
 
 #include <dlfcn.h>
@@ -64,7 +66,8 @@ bool pluginlibrary::start(QString* error)
                      .arg(hostflavour26().apiVersion);
         return false;
     }
-    host->pluginName = QFileInfo(library.fileName()).completeBaseName().toUtf8();
+    // Without the platform that today's files bear behind their names: peers of interface 8 know none.
+    host->pluginName = pluginStem(QFileInfo(library.fileName()).fileName()).toUtf8();
     // A new id at each load: whoever sends under an old one is found out.
     host->pluginID = host->pluginName + '#' + QByteArray::number(++loads);
 
