@@ -6,11 +6,10 @@
 #include <QHash>
 
 #include <cstdint>
-#include <cstdlib>
 
 namespace {
 
-std::unique_ptr<fuzztarget> target;
+fuzztarget* target = nullptr;
 
 } // namespace
 
@@ -22,11 +21,9 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
     static int count = 1;
     static char name[] = "fuzz";
     static char* arguments[] = {name, nullptr};
-    // Never destroyed: when the process ends, statics of the toolkit that it needs for that are gone already.
+    // Neither is destroyed: when libFuzzer ends the process, the toolkit's statics go before anything of ours could.
     new QApplication(count, arguments);
-    target = makeTarget(KELVOR_FUZZ_TARGET);
-    // Its windows need the toolkit to go.
-    std::atexit([] { target.reset(); });
+    target = makeTarget(KELVOR_FUZZ_TARGET).release();
     return 0;
 }
 

@@ -12,6 +12,7 @@
 #include <QVariant>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -45,11 +46,15 @@ bool isOfSession(const QWidget&) { return true; }
 } // namespace
 
 clientworld::clientworld()
+    : temporary(qgetenv("TMPDIR"))
 {
+    // Uploads leave their file where the system keeps such files.
+    qputenv("TMPDIR", QFile::encodeName(directory.path()));
     QFile config(directory.filePath(QString::fromLatin1("kelvor.conf")));
     must(config.open(QIODevice::WriteOnly), "no settings file for the world");
     config.write("[General]\ndownloaddir=" + QFile::encodeName(directory.path())
-                 + "\nonlyactivetab=false\ndefaultwidth=64\ndefaultheight=48\n");
+                 + "\nonlyactivetab=false\nawayreject=true\nplaysound=true\nsoundpath=/ding.wav\ndefaultwidth=64\n"
+                   "defaultheight=48\n");
     QImage picture(64, 48, QImage::Format_ARGB32);
     picture.fill(0x80ff0000);
     must(picture.save(directory.filePath(QString::fromLatin1("cat.png")), "PNG"), "no picture for the world");
@@ -58,9 +63,13 @@ clientworld::clientworld()
     broken.write("\x89PNG\r\n\x1a\n");
 }
 
-clientworld::~clientworld() { shutdown(); }
+clientworld::~clientworld()
+{
+    shutdown();
+    qputenv("TMPDIR", temporary);
+}
 
-void clientworld::start()
+void clientworld::start(const TS3Functions& table)
 {
     shutdown();
     host.servers.clear();
@@ -69,7 +78,7 @@ void clientworld::start()
         touch(connection);
     }
     host.configPath = QFile::encodeName(directory.path()) + '/';
-    controller = std::make_unique<kelvor>(host.table());
+    controller = std::make_unique<kelvor>(table);
     controller->setPluginCommandID("id");
     // The settings are to stay as they are: at its end the controller finds no directory to write them to.
     host.configPath = "/nonexistent/";
@@ -127,22 +136,26 @@ void clientworld::leave(const QSet<int>& left)
         must(stateOf(connection) == session_none, "a connection stays taken after its windows were closed");
 }
 
-void clientworld::play(const QList<QByteArray>& records)
+void clientworld::play(const QList<QByteArray>& records, const std::function<void()>& then)
 {
     QByteArray script;
     for (const QByteArray& record : records)
         script += record + '\0';
-    play(script);
+    play(script, then);
 }
 
-void clientworld::play(const QByteArray& script)
+void clientworld::play(const QByteArray& script, const std::function<void()>& then)
 {
     worldscript reader(*this, script);
+    bool calls = static_cast<bool>(then);
     player.play([&] {
-        if (!reader.playNext())
-            return false;
-        checkSound();
-        return true;
+        const bool played = reader.playNext();
+        if (played)
+            checkSound();
+        else if (calls)
+            then();
+        // Once, and as an action of its own.
+        return played || std::exchange(calls, false);
     });
     checkSound();
     checkSent();

@@ -34,7 +34,8 @@ public:
     ~clientworld();
 
     /// Makes a controller; what ran before is ended. All connections are idle.
-    void start();
+    void start() { start(host.table()); }
+    void start(const TS3Functions& table);
     /// Deletes the controller, as the client does at its end.
     void shutdown();
     /// Closes what is open on the connections that were touched since the last call, and opens there what is said
@@ -42,8 +43,9 @@ public:
     void restore();
 
     /// Plays records, each ended by a NUL; worldscript.h has their forms. States and windows are looked at after each.
-    void play(const QByteArray& script);
-    void play(const QList<QByteArray>& records);
+    /// then is called behind the last, while the modal windows that the records opened are still open.
+    void play(const QByteArray& script, const std::function<void()>& then = nullptr);
+    void play(const QList<QByteArray>& records, const std::function<void()>& then = nullptr);
 
     /// The handler of a connection, 0 for a number that is none.
     uint64 handler(int connection) const { return handlers.value(connection); }
@@ -73,6 +75,7 @@ private:
     void checkSent();
 
     QTemporaryDir directory;
+    QByteArray temporary; ///< the environment's directory for temporary files, outside this world
     MainWindow mainWindow{6};
     QMap<int, uint64> handlers;
     QSet<int> touched;

@@ -14,6 +14,7 @@
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QPushButton>
@@ -21,9 +22,12 @@
 
 namespace {
 
-// A directory or a channel is entered by a double click, a file is taken by OK.
+// A directory or a channel is entered by a double click, a file is taken by OK, and so is a name for a new one.
 void takeFirstRow(ts3filedialog& dialog)
 {
+    auto* name = dialog.findChild<QLineEdit*>(QString::fromLatin1("filenameedit"));
+    if (name->isVisible() && name->isEnabled())
+        name->setText(QString::fromLatin1("upload.png"));
     dialog.findChild<QTableWidget*>()->selectRow(0);
     QPushButton* ok = dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
     if (ok->isEnabled())
