@@ -1,22 +1,18 @@
-#include "programrun.h"
+#include "programfixture.h"
 
 #include "standin/client/voiceclient.h"
 
-#include <QCoreApplication>
 #include <QFile>
-#include <QLocalSocket>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <csignal>
 
-// The three programs as processes: what they refuse, how they answer, and that they always end.
-class tst_programs : public QObject {
+// The three programs as processes: what they refuse, and that they always end.
+class tst_programs : public programfixture {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { startServer(); }
+    void cleanup() { endServer(); }
     void whatIsWrongOnTheCommandLineIsNamed_data();
     void whatIsWrongOnTheCommandLineIsNamed();
     void helpTellsTheOptions_data();
@@ -31,64 +27,13 @@ private slots:
     void signalsEndWell_data();
     void signalsEndWell();
     void theEndOfInputEndsTheServer();
-    void eachCommandIsAnsweredByOneLine();
-    void theServerIsPlayedToo();
-    void whatThePluginLeavesBehindIsReported_data();
-    void whatThePluginLeavesBehindIsReported();
-    void aPluginIsLoadedAnewAndUnloaded();
-    void typedWordsReachThePlugin();
     void aScriptThatFailsNamesItsLine();
     void anInterruptedDirectorLeavesNobody();
     void theOpenHouseEndsWhenAllWindowsAreClosed();
 
 private:
-    QStringList clientArguments(const QStringList& more = QStringList()) const;
-    bool start(QProcess* process, const QString& program, const QStringList& arguments) const;
-    /// The answers to these lines; the client ends behind them.
-    programrun play(const QByteArray& lines, const QStringList& more = QStringList()) const;
     static QList<qint64> childrenOf(qint64 process);
-
-    std::unique_ptr<QTemporaryDir> place;
-    std::unique_ptr<QProcess> server;
-    QString serverName;
 };
-
-void tst_programs::init()
-{
-    static int number = 0;
-    place = std::make_unique<QTemporaryDir>();
-    serverName = QStringLiteral("kelvor-programs-%1-%2").arg(QCoreApplication::applicationPid()).arg(++number);
-    server = std::make_unique<QProcess>();
-    QVERIFY(start(server.get(), QStringLiteral("voiceserver"),
-                  {QStringLiteral("--name"), serverName, QStringLiteral("--play")}));
-    QTRY_VERIFY(server->canReadLine());
-    QCOMPARE(server->readLine(), "ready " + serverName.toUtf8() + '\n');
-}
-
-void tst_programs::cleanup()
-{
-    server->closeWriteChannel();
-    QVERIFY(server->state() == QProcess::NotRunning || server->waitForFinished());
-    server.reset();
-    place.reset();
-}
-
-QStringList tst_programs::clientArguments(const QStringList& more) const
-{
-    return QStringList{QStringLiteral("--server"), serverName, QStringLiteral("--config"), place->path()} + more;
-}
-
-bool tst_programs::start(QProcess* process, const QString& program, const QStringList& arguments) const
-{
-    process->start(QStringLiteral(PROGRAMS "/") + program, arguments);
-    return process->waitForStarted();
-}
-
-programrun tst_programs::play(const QByteArray& lines, const QStringList& more) const
-{
-    return runProgram(QStringLiteral("voiceclient"), clientArguments(QStringList{QStringLiteral("--play")} + more),
-                      "wait connected\n" + lines + "quit\n");
-}
 
 QList<qint64> tst_programs::childrenOf(qint64 process)
 {
@@ -278,96 +223,6 @@ void tst_programs::theEndOfInputEndsTheServer()
     server->closeWriteChannel();
     QVERIFY(server->waitForFinished());
     QCOMPARE(server->exitCode(), 0);
-}
-
-void tst_programs::eachCommandIsAnsweredByOneLine()
-{
-    const programrun run = play("dance\n"
-                                "type \"open\n"
-                                "\n"
-                                "within soon wait connected\n"
-                                "within 0.05 wait window nowhere\n"
-                                "within 0.05 click Nothing in MainWindow\n"
-                                "wait something\n"
-                                "place MainWindow here\n"
-                                "screen\n");
-    QCOMPARE(run.status, 0);
-    const QStringList answers = run.output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    QCOMPARE(answers.size(), 10);
-    QCOMPARE(answers.at(0), QStringLiteral("ok"));
-    QCOMPARE(answers.at(1), QStringLiteral("error unknown command 'dance'"));
-    QCOMPARE(answers.at(2), QStringLiteral("error a quote is left open"));
-    QCOMPARE(answers.at(3), QStringLiteral("error 'within' takes seconds"));
-    QCOMPARE(answers.at(4), QStringLiteral("error waited in vain: window 'nowhere'"));
-    QVERIFY(answers.at(5).startsWith(QStringLiteral("error waited in vain")));
-    QCOMPARE(answers.at(6), QStringLiteral("error unknown condition 'something'"));
-    QCOMPARE(answers.at(7), QStringLiteral("error 'here' is no place"));
-    QVERIFY(answers.at(8).startsWith(QStringLiteral("ok ")));
-    QCOMPARE(answers.at(9), QStringLiteral("ok"));
-}
-
-void tst_programs::theServerIsPlayedToo()
-{
-    const QList<QPair<QByteArray, QByteArray>> talk = {
-        {"loss 10", "ok"},
-        {"loss 0", "ok"},
-        {"loss much", "error 'much' is no number for loss"},
-        {"transfers none", "ok"},
-        {"transfers burn", "error unknown fault 'burn'"},
-        {"cut Nobody", "error nobody is called 'Nobody'"},
-        {"sing", "error unknown command 'sing'"},
-        {"status", "ok {\"channels\":7,\"clients\":0,\"delivered\":0,\"dropped\":0,\"relayed\":0}"},
-    };
-    for (const auto& exchange : talk) {
-        server->write(exchange.first + '\n');
-        QTRY_VERIFY(server->canReadLine());
-        QCOMPARE(server->readLine().trimmed(), exchange.second);
-    }
-}
-
-void tst_programs::whatThePluginLeavesBehindIsReported_data()
-{
-    QTest::addColumn<QByteArray>("words");
-    QTest::addColumn<int>("status");
-    QTest::addColumn<QString>("report");
-    QTest::newRow("nothing") << QByteArray("ask") << 0 << QString();
-    QTest::newRow("a text") << QByteArray("leak") << int(voiceclient::statusLeftovers)
-                            << QStringLiteral("did not give back 1 texts");
-    QTest::newRow("memory of its own given back")
-        << QByteArray("wrong") << int(voiceclient::statusLeftovers) << QStringLiteral("did not get from the client");
-    QTest::newRow("a foreign id") << QByteArray("forge") << int(voiceclient::statusLeftovers)
-                                  << QStringLiteral("id that it was not given");
-}
-
-void tst_programs::whatThePluginLeavesBehindIsReported()
-{
-    QFETCH(const QByteArray, words);
-    QFETCH(const int, status);
-    QFETCH(const QString, report);
-    const programrun run =
-        play("chat \"/test " + words + "\"\n", {QStringLiteral("--plugin"), QStringLiteral(TESTPLUGIN8)});
-    QCOMPARE(run.status, status);
-    QVERIFY2(run.errors.contains(report), qPrintable(run.errors));
-}
-
-void tst_programs::aPluginIsLoadedAnewAndUnloaded()
-{
-    const programrun run = play("plugin load\nwait line shutdown\nplugin unload\nwait no plugin\nplugin load\n"
-                                "wait plugin\nconfigure\nwait line \"configure with parent\"\n",
-                                {QStringLiteral("--plugin"), QStringLiteral(TESTPLUGIN26)});
-    QCOMPARE(run.status, 0);
-    QVERIFY2(!run.output.contains(QStringLiteral("error")), qPrintable(run.output));
-}
-
-void tst_programs::typedWordsReachThePlugin()
-{
-    const programrun run = play("chat \"/test ask\"\nwait line \"server Paint Town\"\n"
-                                "chat \"/test dance\"\nwait line \"Nobody here knows the command '/test dance'\"\n"
-                                "chat /other\nwait line \"Nobody here knows the command '/other'\"\n"
-                                "chat hello\nwait line \"Painter: hello\"\n",
-                                {QStringLiteral("--plugin"), QStringLiteral(TESTPLUGIN8)});
-    QCOMPARE(run.status, 0);
-    QVERIFY2(!run.output.contains(QStringLiteral("error")), qPrintable(run.output));
 }
 
 void tst_programs::aScriptThatFailsNamesItsLine()
