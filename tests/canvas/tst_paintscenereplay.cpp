@@ -56,6 +56,7 @@ private slots:
     void positionsOutsideAreClipped();
     void aStrokeHasTheWidthAndColourOfItsMessage();
     void theEraserTakesTheReceiversMode();
+    void aMoveTakesTheReceiversMode();
 
     void anEffectOnOnePartIsDroppedButRepainted_data();
     void anEffectOnOnePartIsDroppedButRepainted();
@@ -253,6 +254,17 @@ void tst_paintscenereplay::theEraserTakesTheReceiversMode()
     QCOMPARE(qAlpha(overBackground->picture().pixel(30, 10)), 0);
     QCOMPARE(overBackground->picture().pixel(20, 10), red);
     QCOMPARE(overBackground->grab().toImage().pixel(30, 10), background.pixel(30, 10));
+}
+
+void tst_paintscenereplay::aMoveTakesTheReceiversMode()
+{
+    for (paintscene* receiver : {scene.data(), overBackground.data()}) {
+        draw(*receiver, kelvortool::pencil, {QPoint(10, 10), QPoint(50, 10)}, 9);
+        draw(*receiver, kelvortool::select, {QPoint(20, 0), QPoint(40, 20), QPoint(30, 10), QPoint(60, 60)});
+        QCOMPARE(receiver->picture().pixel(60, 60), red);
+    }
+    QCOMPARE(scene->picture().pixel(30, 10), white);
+    QCOMPARE(qAlpha(overBackground->picture().pixel(30, 10)), 0);
 }
 
 void tst_paintscenereplay::anEffectOnOnePartIsDroppedButRepainted_data()

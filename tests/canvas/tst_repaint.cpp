@@ -389,6 +389,15 @@ void tst_repaint::aStrokeThatGoesOnFromElsewhereIsRepaintedWhole()
     QCOMPARE(watch.painted().boundingRect(), all);
     hand.move(QPoint(110, 100));
     QCOMPARE(watch.painted().boundingRect(), QRect(QPoint(96, 96), QPoint(114, 104)));
+
+    // A release does not move the tool: what follows without a press begins at the last move.
+    hand.release(QPoint(20, 20));
+    hand.take(kelvortool::notool);
+    hand.press(QPoint(60, 60));
+    hand.take(kelvortool::eraser, Qt::red, 4);
+    watch.painted();
+    hand.move(QPoint(120, 90));
+    QCOMPARE(watch.painted().boundingRect(), QRect(QPoint(106, 86), QPoint(124, 104)));
 }
 
 void tst_repaint::aPeersStrokeRepaintsNoMoreThanItTouches()

@@ -22,8 +22,11 @@ template <typename Result> unsigned int nothing(Result** result)
     return ERROR_ok;
 }
 
-// A client that fills the whole buffer and forgets to end the text.
-void unendedPath(char* path, std::size_t length) { std::memset(path, 'p', length); }
+// A client that fills the whole buffer and forgets to end the text; in newer ones it knows whose directory it is.
+template <typename... PluginID> void unendedPath(char* path, std::size_t length, PluginID...)
+{
+    std::memset(path, 'p', length);
+}
 
 } // namespace
 
@@ -203,7 +206,10 @@ void tst_hostcalls::unendedPathIsEnded()
 {
     TS3Functions table = host->table();
     table.getConfigPath = unendedPath;
-    QCOMPARE(hostcalls::configPath(table), QString(static_cast<int>(hostcalls::pathLength) - 1, 'p'));
+    table.getPluginPath = unendedPath;
+    const QString ended(static_cast<int>(hostcalls::pathLength) - 1, 'p');
+    QCOMPARE(hostcalls::configPath(table), ended);
+    QCOMPARE(hostcalls::pluginPath(table), ended);
 }
 
 void tst_hostcalls::printedLineIsSingleBytes()

@@ -52,11 +52,13 @@ private slots:
     void textPromptKeepsTheSizeOfAPrompt_data();
     void textPromptKeepsTheSizeOfAPrompt();
     void ampersandInALabelIsShown();
+    void titleHasRoomAboveAShortLabel();
     void saveFileIsHandedOut();
     void nothingIsAddedToTheNameOfASavedFile();
     void existingFileIsReplacedOnYesOnly();
     void openFileIsHandedOut();
     void openFileStartsAtThePresentOne();
+    void openFileStartsInAPresentDirectory();
     void missingStartIsNoHindrance();
     void directoryIsHandedOut();
     void colorIsHandedOut();
@@ -172,6 +174,17 @@ void tst_prompts::ampersandInALabelIsShown()
     QVERIFY(user.ran());
 }
 
+void tst_prompts::titleHasRoomAboveAShortLabel()
+{
+    const QString title = "Type in password " + QString(40, 'W');
+    const whenopen<QInputDialog> user([&](QInputDialog& dialog) {
+        QVERIFY(dialog.width() > dialog.fontMetrics().horizontalAdvance(title));
+        dialog.reject();
+    });
+    prompts::askText(parent, title, "x", QLineEdit::Normal);
+    QVERIFY(user.ran());
+}
+
 void tst_prompts::saveFileIsHandedOut()
 {
     const whenopen<QFileDialog> user([this](QFileDialog& dialog) {
@@ -234,6 +247,16 @@ void tst_prompts::openFileStartsAtThePresentOne()
     });
     QDir::setCurrent(QDir::rootPath());
     QCOMPARE(prompts::askOpenFile(parent, "Caption", pathOf("present.png"), "Pictures (*.png)"), pathOf("present.png"));
+    QVERIFY(user.ran());
+}
+
+void tst_prompts::openFileStartsInAPresentDirectory()
+{
+    const whenopen<QFileDialog> user([this](QFileDialog& dialog) {
+        QCOMPARE(dialog.directory().absolutePath(), pathOf("sub"));
+        dialog.reject();
+    });
+    prompts::askOpenFile(parent, "Caption", pathOf("sub"), "Pictures (*.png)");
     QVERIFY(user.ran());
 }
 
