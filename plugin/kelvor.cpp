@@ -2,37 +2,16 @@
 
 #include "dialogs/kelvorconfigdialog.h"
 #include "hostapi/hostcalls.h"
+#include "hostmenu.h"
 #include "protocol/kelvorprotocol.h"
 
 #include <QApplication>
 #include <QMenu>
-#include <QMenuBar>
 #include <QTimer>
 
 namespace {
 
-// The place of "Tools" in the client's menu bar, and how long to wait before looking for that bar again.
-constexpr int menuIndex = 4;
 constexpr int menuRetryMilliseconds = 300;
-
-QMainWindow* findMainWindow()
-{
-    const QWidgetList widgets = QApplication::topLevelWidgets();
-    for (QWidget* widget : widgets) {
-        if (qstrcmp(widget->metaObject()->className(), "MainWindow") == 0)
-            return qobject_cast<QMainWindow*>(widget);
-    }
-    return nullptr;
-}
-
-QMenu* findMenu(const QMainWindow* window)
-{
-    // menuBar() would put an empty bar into a window that has none yet.
-    const auto* bar = window ? qobject_cast<QMenuBar*>(window->menuWidget()) : nullptr;
-    if (!bar || bar->actions().size() <= menuIndex + 1)
-        return nullptr;
-    return bar->actions().at(menuIndex)->menu();
-}
 
 // The settings dialog is held by the function that runs it, so that it is found by its class.
 void deleteSettingsDialogs()
@@ -73,8 +52,8 @@ kelvor::~kelvor()
 void kelvor::createMenu()
 {
     if (!mainWindow)
-        mainWindow = findMainWindow();
-    QMenu* menu = findMenu(mainWindow);
+        mainWindow = hostmenu::findMainWindow();
+    QMenu* menu = hostmenu::findToolsMenu(mainWindow);
     if (!menu) {
         // By text: a member pointer would leave code of this library in the toolkit's timer after an unload.
         QTimer::singleShot(menuRetryMilliseconds, this, SLOT(createMenu()));

@@ -3,6 +3,7 @@
 #include "hostapi/ts3functions.h"
 #include "sessionstate.h"
 #include "settings.h"
+#include "windowkeeper.h"
 
 #include <QAction>
 #include <QHash>
@@ -10,7 +11,6 @@
 #include <QMainWindow>
 #include <QObject>
 #include <QPointer>
-#include <QSet>
 
 class invitationdialog;
 class kelvorprotocol;
@@ -71,17 +71,12 @@ private:
     void loadConfig();
     void saveConfig();
 
-    bool refuses(uint64 schid);
-    void playInvitationSound(uint64 schid);
     bool asksUser(uint64 schid, anyID sender);
     void joinLobby(uint64 schid, anyID sender);
     invitationdialog* makeLobby(uint64 schid, anyID sessionHost);
-    void connectHostLobby(invitationdialog* lobby);
-    void connectGuestLobby(invitationdialog* lobby);
     void startAsHost(uint64 schid, invitationdialog* lobby);
     void startAsGuest(uint64 schid, invitationdialog* lobby);
     void showWhiteboard(uint64 schid, whiteboard* board);
-    void keepTrack(QWidget* window);
     void leaveLobbies();
     /// Closes every window of every connection; the peers of each hear of it.
     void endSessions();
@@ -99,10 +94,5 @@ private:
     kelvorprotocol* protocol; ///< owned
 
     settings config;
-
-    /// Every window that was made and not yet destroyed. Windows delete themselves when the client's event loop comes
-    /// round, which may be after this library was unmapped: what is left at the end is deleted directly.
-    QList<QPointer<QWidget>> windows;
-    /// Lobbies whose end is being handled further up the stack, which therefore must not be deleted yet.
-    QSet<QWidget*> ending;
+    windowkeeper windows;
 };
