@@ -9,9 +9,9 @@
 /// in the slots that it serves; a plugin never finds a null pointer.
 inline TS3Functions stubTable()
 {
-    constexpr std::size_t slots = sizeof(TS3Functions) / sizeof(void*);
+    constexpr std::size_t slotCount = sizeof(TS3Functions) / sizeof(void*);
     unsigned int (*const notImplemented)() = [] { return static_cast<unsigned int>(ERROR_not_implemented); };
-    std::array<void (*)(), slots> pointers;
+    std::array<void (*)(), slotCount> pointers;
     pointers.fill(reinterpret_cast<void (*)()>(notImplemented));
     TS3Functions table;
     std::memcpy(&table, pointers.data(), sizeof(table));

@@ -1,11 +1,10 @@
 // Fills the table of functions for the plugin. Compiled once for each version of the interface, since the versions'
 // tables bear one name; the build gives each its own, and names the function at the end after the version.
 
-// Before the toolkit's headers: it has a constant whose name they take for a keyword.
-#include "hostapi/stubtable.h"
-
 #include "hostflavour.h"
 #include "hostservice.h"
+
+#include "hostapi/stubtable.h"
 
 #include <QFile>
 
