@@ -1,5 +1,7 @@
 #include "clientoptions.h"
 
+#include "hostflavour.h"
+
 #include "standin/common/programoptions.h"
 
 #include <QDir>
@@ -20,8 +22,16 @@ void declare(programoptions* parser)
     parser->add(QStringLiteral("channel"), QStringLiteral("Channel to enter at first."), QStringLiteral("NAME"));
     parser->add(QStringLiteral("platform"), QStringLiteral("Platform that others see."), QStringLiteral("TEXT"),
                 QStringLiteral("Linux"));
-    parser->add(QStringLiteral("plugin"), QStringLiteral("Library of the plugin to load."), QStringLiteral("FILE"));
-    parser->add(QStringLiteral("config"), QStringLiteral("Directory for settings and downloads."),
+    parser->add(QStringLiteral("plugin"),
+                QStringLiteral("Library of the plugin to load; without it, what is installed in the folder plugins of "
+                               "the configuration directory."),
+                QStringLiteral("FILE"));
+    parser->add(QStringLiteral("interface"),
+                QStringLiteral("Load plugins of this version of the plugin interface alone, 8 or 26, as a real client "
+                               "does (default both)."),
+                QStringLiteral("VERSION"));
+    parser->add(QStringLiteral("config"),
+                QStringLiteral("Configuration directory: settings, downloads, installed plugins."),
                 QStringLiteral("DIR"));
     parser->add(QStringLiteral("geometry"), QStringLiteral("Place and size of the window."),
                 QStringLiteral("X,Y,WIDTH,HEIGHT"));
@@ -63,6 +73,10 @@ clientoptions readClientOptions(programoptions* parser, const QStringList& argum
     options.played = parser->isSet(QStringLiteral("play"));
     if (options.nickname.isEmpty())
         parser->fail(QStringLiteral("Option --name needs a name."));
+    const QString version = parser->text(QStringLiteral("interface"));
+    options.apiVersion = version.toInt();
+    if (!version.isEmpty() && !flavourFor(options.apiVersion))
+        parser->fail(QStringLiteral("Option --interface takes 8 or 26, not '%1'.").arg(version));
     const QString place = parser->text(QStringLiteral("geometry"));
     options.geometry = readGeometry(place);
     if (!place.isEmpty() && options.geometry.isNull())

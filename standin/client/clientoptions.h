@@ -12,7 +12,8 @@ struct clientoptions {
     QString nickname;
     QString channel; ///< to enter at first, empty for the server's first
     QString platform;
-    QString plugin; ///< file of the library, empty for none
+    QString plugin; ///< file of the library, empty for what is installed
+    int apiVersion = 0; ///< of the plugins that are taken, 0 for all that the client speaks
     QString config; ///< the client's directory, ending in a separator
     QRect geometry; ///< of the window, null to leave it to the window manager
     bool away = false;

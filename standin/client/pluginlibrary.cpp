@@ -58,12 +58,9 @@ bool pluginlibrary::start(QString* error)
         return false;
     }
     const int version = reinterpret_cast<int (*)()>(library.resolve("ts3plugin_apiVersion"))();
-    flavour = flavourFor(version);
+    flavour = takes(version) ? flavourFor(version) : nullptr;
     if (!flavour) {
-        *error = QStringLiteral("The plugin needs plugin interface %1; this client speaks %2 and %3.")
-                     .arg(version)
-                     .arg(hostflavour8().apiVersion)
-                     .arg(hostflavour26().apiVersion);
+        *error = refusalOf(version);
         return false;
     }
     // Without the platform that today's files bear behind their names: peers of interface 8 know none.
@@ -142,6 +139,20 @@ void pluginlibrary::deliverCommand(uint64 schid, const QByteArray& plugin, const
     if (!event)
         return;
     flavour->deliverCommand(event, schid, plugin.constData(), text.constData(), invoker);
+}
+
+// What a real client says, which tells its own versions and the plugin's too.
+QString pluginlibrary::refusalOf(int apiVersion) const
+{
+    QStringList taken;
+    for (const hostflavour* one : {&hostflavour8(), &hostflavour26()}) {
+        if (takes(one->apiVersion))
+            taken.append(QString::number(one->apiVersion));
+    }
+    return QStringLiteral("The plugin '%1' is not loaded: its API version is not compatible. This client takes %2, the "
+                          "plugin has %3.")
+        .arg(QFileInfo(library.fileName()).fileName(), taken.join(QStringLiteral(" and ")))
+        .arg(apiVersion);
 }
 
 QString pluginlibrary::missingExport()

@@ -20,6 +20,9 @@ public:
 
     /// Loads the library and brings it up: table, init, id. False with the reason; nothing of it is left then.
     bool load(const QString& file, QString* error);
+    /// From here on takes plugins of this version of the interface alone, as a real client does; 0 takes all that are
+    /// spoken here.
+    void narrowTo(int apiVersion) { onlyVersion = apiVersion; }
     /// Lets the plugin end. Its code stays mapped, since some of it may still be on the stack.
     void shutdown();
     /// Unmaps the library after shutdown(); false when something keeps it mapped. Not from inside a call of the plugin.
@@ -58,10 +61,13 @@ signals:
 private:
     bool start(QString* error);
     QString missingExport();
+    bool takes(int apiVersion) const { return onlyVersion == 0 || onlyVersion == apiVersion; }
+    QString refusalOf(int apiVersion) const;
 
     hostservice* const host;
     QLibrary library;
     const hostflavour* flavour = nullptr;
+    int onlyVersion = 0;
     bool running = false;
     int loads = 0;
 };

@@ -7,6 +7,7 @@
 #include "standin/common/programoptions.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QInputDialog>
 #include <QThread>
 #include <QTimer>
@@ -40,14 +41,20 @@ bool voiceclient::start(QString* error)
     if (!options.geometry.isNull())
         mainWindow->setGeometry(options.geometry);
     mainWindow->showPluginState(false);
-    if (!options.plugin.isEmpty() && !library.load(options.plugin, error))
+    library.narrowTo(options.apiVersion);
+    QStringList refusals;
+    if (!loadPlugin(&refusals) && !options.plugin.isEmpty()) {
+        *error = refusals.join(QLatin1Char('\n'));
         return false;
+    }
     for (const QString& server : options.servers) {
         if (!connectTo(server, identityFor(server), error)) {
             library.shutdown();
             return false;
         }
     }
+    for (const QString& refusal : qAsConst(refusals))
+        report(service.currentConnection, refusal);
     mainWindow->show();
     return true;
 }
@@ -149,9 +156,11 @@ void voiceclient::reloadPlugin()
     library.shutdown();
     whenUnwound([this] {
         unloadUnwound();
-        QString error;
-        if (!library.load(options.plugin, &error))
-            report(service.currentConnection, error);
+        QStringList refusals;
+        if (!loadPlugin(&refusals) && refusals.isEmpty())
+            refusals.append(QStringLiteral("There is no plugin to load."));
+        for (const QString& refusal : qAsConst(refusals))
+            report(service.currentConnection, refusal);
         emit pluginReloaded();
     });
 }
@@ -163,6 +172,28 @@ void voiceclient::unloadPlugin()
 }
 
 void voiceclient::tabChosen(quint64 schid) { service.currentConnection = schid; }
+
+QStringList voiceclient::installedPlugins() const
+{
+    const QDir folder(options.config + QStringLiteral("plugins"));
+    QStringList files;
+    const QStringList names = folder.entryList({QStringLiteral("*.so")}, QDir::Files, QDir::Name);
+    for (const QString& name : names)
+        files.append(folder.filePath(name));
+    return files;
+}
+
+bool voiceclient::loadPlugin(QStringList* refusals)
+{
+    const QStringList files = options.plugin.isEmpty() ? installedPlugins() : QStringList{options.plugin};
+    for (const QString& file : files) {
+        QString refusal;
+        if (library.load(file, &refusal))
+            return true;
+        refusals->append(refusal);
+    }
+    return false;
+}
 
 bool voiceclient::connectTo(const QString& server, const voiceidentity& who, QString* error)
 {

@@ -58,6 +58,9 @@ signals:
 
 private:
     voiceidentity identityFor(const QString& server) const;
+    /// Loads the plugin that was named, or the first of the installed ones that fits; tells of each that was not taken.
+    bool loadPlugin(QStringList* refusals);
+    QStringList installedPlugins() const;
     bool connectTo(const QString& server, const voiceidentity& who, QString* error);
     void connectionLost(voiceconnection* connection, const QString& reason);
     void report(quint64 schid, const QString& line);

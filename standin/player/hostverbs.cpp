@@ -50,6 +50,7 @@ playoutcome status(playrequest& request)
     return playDone(oneLine({{QStringLiteral("servers"), servers},
                              {QStringLiteral("windows"), windows},
                              {QStringLiteral("plugin"), request.client->plugin().isRunning()},
+                             {QStringLiteral("library"), request.client->plugin().file()},
                              {QStringLiteral("interface"), request.client->plugin().apiVersion()},
                              {QStringLiteral("memory"), request.client->host().memory.outstanding()},
                              {QStringLiteral("loops"), QThread::currentThread()->loopLevel()}}));

@@ -2,6 +2,9 @@
 
 #include "standin/client/voiceclient.h"
 
+#include <QDir>
+#include <QFile>
+
 // Client and server as they are played by lines, and what the client finds out about its plugin.
 class tst_played : public programfixture {
     Q_OBJECT
@@ -14,6 +17,8 @@ private slots:
     void whatThePluginLeavesBehindIsReported_data();
     void whatThePluginLeavesBehindIsReported();
     void aPluginIsLoadedAnewAndUnloaded();
+    void whatIsInstalledIsLoadedAndWhatDoesNotFitIsTold();
+    void aClientWithoutAPluginSaysSoWhenAskedForOne();
     void typedWordsReachThePlugin();
 
 private:
@@ -104,6 +109,29 @@ void tst_played::aPluginIsLoadedAnewAndUnloaded()
                                 {QStringLiteral("--plugin"), QStringLiteral(TESTPLUGIN26)});
     QCOMPARE(run.status, 0);
     QVERIFY2(!run.output.contains(QStringLiteral("error")), qPrintable(run.output));
+}
+
+void tst_played::whatIsInstalledIsLoadedAndWhatDoesNotFitIsTold()
+{
+    const QDir directory(place->path());
+    QVERIFY(directory.mkdir(QStringLiteral("plugins")));
+    QVERIFY(QFile::copy(QStringLiteral(TESTPLUGIN8), directory.filePath(QStringLiteral("plugins/a.so"))));
+    QVERIFY(QFile::copy(QStringLiteral(TESTPLUGIN26), directory.filePath(QStringLiteral("plugins/b.so"))));
+    const QByteArray refusal = "wait line \"'a.so' is not loaded: its API version is not compatible. This client takes "
+                               "26, the plugin has 8.\"\n";
+    const programrun run = play(refusal + "wait plugin\nstatus\nplugin load\nwait plugin\n",
+                                {QStringLiteral("--interface"), QStringLiteral("26")});
+    QCOMPARE(run.status, 0);
+    QVERIFY2(!run.output.contains(QStringLiteral("error")), qPrintable(run.output));
+    QVERIFY2(run.output.contains(QStringLiteral("\"library\":\"%1\"").arg(directory.filePath("plugins/b.so"))),
+             qPrintable(run.output));
+}
+
+void tst_played::aClientWithoutAPluginSaysSoWhenAskedForOne()
+{
+    const programrun run = play("wait no plugin\nwithin 0.1 plugin load\nwait line \"There is no plugin to load.\"\n");
+    QCOMPARE(run.status, 0);
+    QCOMPARE(run.output.count(QStringLiteral("error")), 1);
 }
 
 void tst_played::typedWordsReachThePlugin()

@@ -7,6 +7,7 @@
 #include "standin/server/clientsession.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -21,6 +22,8 @@ private slots:
     void bothVersionsLoadAndUnloadAgain();
     void whatIsNoPluginIsRefused_data();
     void whatIsNoPluginIsRefused();
+    void anotherVersionIsRefusedAndBothAreNamed_data();
+    void anotherVersionIsRefusedAndBothAreNamed();
     void aPluginThatDoesNotStartIsRefused();
     void memoryIsCountedUntilItIsGivenBack_data() { versions(); }
     void memoryIsCountedUntilItIsGivenBack();
@@ -113,8 +116,6 @@ void tst_pluginlibrary::whatIsNoPluginIsRefused_data()
     QTest::newRow("no library") << QFINDTESTDATA("tst_pluginlibrary.cpp") << QStringLiteral("cannot be loaded");
     QTest::newRow("without the exports") << QStringLiteral(NOPLUGIN)
                                          << QStringLiteral("does not export ts3plugin_name");
-    QTest::newRow("another version") << QStringLiteral(TESTPLUGIN7)
-                                     << QStringLiteral("needs plugin interface 7; this client speaks 8 and 26");
 }
 
 void tst_pluginlibrary::whatIsNoPluginIsRefused()
@@ -126,6 +127,38 @@ void tst_pluginlibrary::whatIsNoPluginIsRefused()
     QVERIFY2(problem.contains(words), qPrintable(problem));
     QVERIFY(!library->isRunning());
     QVERIFY(!library->isLoaded());
+}
+
+void tst_pluginlibrary::anotherVersionIsRefusedAndBothAreNamed_data()
+{
+    QTest::addColumn<int>("onlyVersion");
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("taken");
+    QTest::addColumn<int>("version");
+    QTest::newRow("unknown to all") << 0 << QStringLiteral(TESTPLUGIN7) << QStringLiteral("8 and 26") << 7;
+    QTest::newRow("of old, in a client of today") << 26 << QStringLiteral(TESTPLUGIN8) << QStringLiteral("26") << 8;
+    QTest::newRow("of today, in a client of old") << 8 << QStringLiteral(TESTPLUGIN26) << QStringLiteral("8") << 26;
+}
+
+void tst_pluginlibrary::anotherVersionIsRefusedAndBothAreNamed()
+{
+    QFETCH(const int, onlyVersion);
+    QFETCH(const QString, file);
+    QFETCH(const QString, taken);
+    QFETCH(const int, version);
+    library->narrowTo(onlyVersion);
+    QString problem;
+    QVERIFY(!library->load(file, &problem));
+    QCOMPARE(
+        problem,
+        QStringLiteral("The plugin '%1' is not loaded: its API version is not compatible. This client takes %2, the "
+                       "plugin has %3.")
+            .arg(QFileInfo(file).fileName(), taken)
+            .arg(version));
+    QVERIFY(!library->isRunning());
+    QVERIFY(!library->isLoaded());
+    library->narrowTo(0);
+    QCOMPARE(library->load(file, &problem), version != 7);
 }
 
 void tst_pluginlibrary::aPluginThatDoesNotStartIsRefused()
