@@ -4,13 +4,9 @@
 #include "tests/support/fakehost.h"
 #include "whiteboard/whiteboard.h"
 
-#include <QApplication>
 #include <QImage>
 #include <QPointer>
 #include <QTemporaryDir>
-#include <QTimer>
-
-#include <functional>
 
 class paintscene;
 
@@ -66,18 +62,3 @@ private:
 
 paintscene* canvasOf(whiteboard* window);
 QRgb pixel(whiteboard* window, int x, int y);
-
-/// Runs act once, as soon as a modal window of the class is open, inside its nested loop. The result lives until then.
-template <typename Window> void whenOpen(const std::function<void(Window*)>& act)
-{
-    auto* poll = new QTimer(qApp);
-    QObject::connect(poll, &QTimer::timeout, poll, [poll, act] {
-        auto* window = qobject_cast<Window*>(QApplication::activeModalWidget());
-        if (!window)
-            return;
-        poll->stop();
-        poll->deleteLater();
-        act(window);
-    });
-    poll->start(1);
-}

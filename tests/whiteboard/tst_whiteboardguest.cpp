@@ -1,6 +1,7 @@
 #include "canvas/paintscene.h"
 #include "serverfiles/ts3downloaddialog.h"
 #include "sessionfixture.h"
+#include "tests/support/whenopen.h"
 #include "windowparts.h"
 
 #include <QInputDialog>
@@ -46,7 +47,7 @@ private slots:
 
 private:
     // Lets the next transfer end with a picture of one colour.
-    void deliver(QColor color);
+    [[nodiscard]] whenopen<ts3downloaddialog> deliver(QColor color);
 
     QScopedPointer<sessionfixture> fixture;
 };
@@ -65,9 +66,9 @@ bool isWhite(whiteboard* window)
 
 } // namespace
 
-void tst_whiteboardguest::deliver(QColor color)
+whenopen<ts3downloaddialog> tst_whiteboardguest::deliver(QColor color)
 {
-    whenOpen<ts3downloaddialog>([this, color](ts3downloaddialog*) {
+    return whenopen<ts3downloaddialog>([this, color](ts3downloaddialog&) {
         fixture->pictureFile("b.png", color);
         fixture->completeTransfer();
     });
@@ -88,8 +89,9 @@ void tst_whiteboardguest::withoutPictureNothingIsFetchedOrSaid()
 
 void tst_whiteboardguest::pictureIsFetchedShownAndSaid()
 {
-    deliver(Qt::blue);
+    const whenopen<ts3downloaddialog> sender = deliver(Qt::blue);
     whiteboard* window = fixture->openGuest({3, 2}, 1, "/a/b.png");
+    QVERIFY(sender.ran());
     QCOMPARE(fixture->host.requests.size(), 1);
     const filerequest& request = fixture->host.requests[0];
     QCOMPARE(request.function, QByteArray("requestFile"));
@@ -109,8 +111,9 @@ void tst_whiteboardguest::pictureIsFetchedShownAndSaid()
 
 void tst_whiteboardguest::pictureAsBackground()
 {
-    deliver(Qt::blue);
+    const whenopen<ts3downloaddialog> sender = deliver(Qt::blue);
     whiteboard* window = fixture->openGuest({2}, 1, "/b.png", true);
+    QVERIFY(sender.ran());
     QCOMPARE(pixel(window, 10, 10), QRgb(0x00ffffff));
     QCOMPARE(canvasOf(window)->grab().toImage().pixel(10, 10), QColor(Qt::blue).rgba());
 }
@@ -118,19 +121,21 @@ void tst_whiteboardguest::pictureAsBackground()
 void tst_whiteboardguest::windowAppearsAfterTheTransfer()
 {
     int visible = -1;
-    whenOpen<ts3downloaddialog>([this, &visible](ts3downloaddialog* dialog) {
-        visible = dialog->parentWidget()->isVisible() ? 1 : 0;
+    const whenopen<ts3downloaddialog> user([this, &visible](ts3downloaddialog& dialog) {
+        visible = dialog.parentWidget()->isVisible() ? 1 : 0;
         fixture->completeTransfer();
     });
     const whiteboard* window = fixture->openGuest({2}, 1, "/b.png");
+    QVERIFY(user.ran());
     QCOMPARE(visible, 0);
     QVERIFY(window->isVisible());
 }
 
 void tst_whiteboardguest::transferEventsAreRelayedFromTheDownloadOn()
 {
-    deliver(Qt::blue);
+    const whenopen<ts3downloaddialog> sender = deliver(Qt::blue);
     whiteboard* window = fixture->openGuest({2}, 1, "/b.png");
+    QVERIFY(sender.ran());
     QSignalSpy relayed(window, &whiteboard::fileTransferStatus);
     emit fixture->controller.fileTransferStatus(100, ERROR_file_transfer_complete, QString(), 0, 1);
     QCOMPARE(relayed.size(), 1);
@@ -155,15 +160,17 @@ void tst_whiteboardguest::passwordIsAskedHidden()
     if (name.isEmpty())
         fixture->host.failing.insert("getChannelVariableAsString");
     QStringList seen;
-    whenOpen<QInputDialog>([&seen](QInputDialog* prompt) {
-        seen = QStringList{prompt->windowTitle(), prompt->labelText(), prompt->textValue()};
-        seen.append(prompt->textEchoMode() == QLineEdit::Password ? "hidden" : "shown");
-        seen.append(prompt->findChild<QLabel*>()->textFormat() == Qt::PlainText ? "plain" : "rich");
-        prompt->setTextValue("secret");
-        prompt->accept();
+    const whenopen<QInputDialog> user([&seen](QInputDialog& prompt) {
+        seen = QStringList{prompt.windowTitle(), prompt.labelText(), prompt.textValue()};
+        seen.append(prompt.textEchoMode() == QLineEdit::Password ? "hidden" : "shown");
+        seen.append(prompt.findChild<QLabel*>()->textFormat() == Qt::PlainText ? "plain" : "rich");
+        prompt.setTextValue("secret");
+        prompt.accept();
     });
-    deliver(Qt::blue);
+    const whenopen<ts3downloaddialog> sender = deliver(Qt::blue);
     whiteboard* window = fixture->openGuest({2}, 7, "/b.png");
+    QVERIFY(user.ran());
+    QVERIFY(sender.ran());
     QCOMPARE(seen, (QStringList{"Type in password", label, QString(), "hidden", "plain"}));
     QCOMPARE(fixture->host.requests[0].password, QByteArray("secret"));
     QCOMPARE(fixture->host.requests[0].channel, uint64(7));
@@ -186,8 +193,9 @@ void tst_whiteboardguest::openChannelAsksNothing()
     QFETCH(bool, failing);
     if (failing)
         fixture->host.failing.insert("getChannelVariableAsInt");
-    deliver(Qt::blue);
+    const whenopen<ts3downloaddialog> sender = deliver(Qt::blue);
     fixture->openGuest({2}, static_cast<uint64>(channel), "/b.png");
+    QVERIFY(sender.ran());
     QCOMPARE(fixture->host.requests.size(), 1);
     QCOMPARE(fixture->host.requests[0].password, QByteArray());
     QCOMPARE(fixture->host.takeTexts(), QList<QByteArray>{fetchedToAll});
@@ -195,8 +203,9 @@ void tst_whiteboardguest::openChannelAsksNothing()
 
 void tst_whiteboardguest::cancelledPasswordGivesAWhitePicture()
 {
-    whenOpen<QInputDialog>([](QInputDialog* prompt) { prompt->reject(); });
+    const whenopen<QInputDialog> user([](QInputDialog& prompt) { prompt.reject(); });
     whiteboard* window = fixture->openGuest({3, 2}, 7, "/b.png");
+    QVERIFY(user.ran());
     QVERIFY(fixture->host.requests.isEmpty());
     const QList<sentcommand> sent = fixture->host.takeSent();
     QCOMPARE(sent.size(), 1);
@@ -222,8 +231,9 @@ void tst_whiteboardguest::refusedTransferGivesAWhitePicture()
 void tst_whiteboardguest::closedTransferGivesAWhitePicture()
 {
     fixture->pictureFile("b.png", Qt::red);
-    whenOpen<ts3downloaddialog>([](ts3downloaddialog* dialog) { dialog->close(); });
+    const whenopen<ts3downloaddialog> user([](ts3downloaddialog& dialog) { dialog.close(); });
     whiteboard* window = fixture->openGuest({2}, 1, "/b.png");
+    QVERIFY(user.ran());
     QCOMPARE(fixture->host.takeTexts(), QList<QByteArray>{failedToAll});
     QVERIFY(isWhite(window));
 }
@@ -241,7 +251,7 @@ void tst_whiteboardguest::unreadablePictureGivesAWhitePicture()
 {
     QFETCH(QByteArray, content);
     QFETCH(bool, background);
-    whenOpen<ts3downloaddialog>([this, content](ts3downloaddialog*) {
+    const whenopen<ts3downloaddialog> user([this, content](ts3downloaddialog&) {
         QFile file(fixture->directory.filePath("b.png"));
         if (file.open(QIODevice::WriteOnly))
             file.write(content);
@@ -249,6 +259,7 @@ void tst_whiteboardguest::unreadablePictureGivesAWhitePicture()
         fixture->completeTransfer();
     });
     whiteboard* window = fixture->openGuest({2}, 1, "/b.png", background);
+    QVERIFY(user.ran());
     // The transfer itself went well, and that is what is told.
     QCOMPARE(fixture->host.takeTexts(), QList<QByteArray>{fetchedToAll});
     QCOMPARE(canvasOf(window)->grab().toImage().pixel(10, 10), QColor(Qt::white).rgba());
@@ -258,8 +269,9 @@ void tst_whiteboardguest::unreadablePictureGivesAWhitePicture()
 
 void tst_whiteboardguest::emptyPathIsTriedAllTheSame()
 {
-    whenOpen<ts3downloaddialog>([this](ts3downloaddialog*) { fixture->completeTransfer(); });
+    const whenopen<ts3downloaddialog> user([this](ts3downloaddialog&) { fixture->completeTransfer(); });
     whiteboard* window = fixture->openGuest({2}, 1, QString());
+    QVERIFY(user.ran());
     QCOMPARE(fixture->host.requests.size(), 1);
     QCOMPARE(fixture->host.requests[0].path, QByteArray());
     QCOMPARE(fixture->host.requests[0].channel, uint64(1));
@@ -270,7 +282,7 @@ void tst_whiteboardguest::emptyPathIsTriedAllTheSame()
 
 void tst_whiteboardguest::messagesDuringTheTransferAreLost()
 {
-    whenOpen<ts3downloaddialog>([this](ts3downloaddialog*) {
+    const whenopen<ts3downloaddialog> user([this](ts3downloaddialog&) {
         fixture->receive(1, "\x11 2 \x02 #ff0000 9 50|50 50|50");
         fixture->receive(1, "\x12 3");
         emit fixture->controller.clientLeft(1, 3, 1);
@@ -278,17 +290,19 @@ void tst_whiteboardguest::messagesDuringTheTransferAreLost()
         fixture->completeTransfer();
     });
     whiteboard* window = fixture->openGuest({3, 2}, 1, "/b.png");
+    QVERIFY(user.ran());
     QCOMPARE(pixel(window, 50, 50), QColor(Qt::blue).rgba());
     QCOMPARE(window->findChild<QListWidget*>()->count(), 2);
 }
 
 void tst_whiteboardguest::resultThatPassedBeforeShowsNoIcon()
 {
-    whenOpen<ts3downloaddialog>([this](ts3downloaddialog*) {
+    const whenopen<ts3downloaddialog> user([this](ts3downloaddialog&) {
         fixture->receive(1, "\x14 3 true");
         fixture->completeTransfer();
     });
     whiteboard* window = fixture->openGuest({3, 4, 2}, 1, "/b.png");
+    QVERIFY(user.ran());
     QVERIFY(window->findChild<QListWidget*>()->item(0)->icon().isNull());
     fixture->receive(1, "\x14 4 true");
     QVERIFY(isIcon(rowIcon(window, 1), ":/gfx/gfx/apply.png"));
@@ -296,8 +310,9 @@ void tst_whiteboardguest::resultThatPassedBeforeShowsNoIcon()
 
 void tst_whiteboardguest::lastRowIsTheHosts()
 {
-    deliver(Qt::blue);
+    const whenopen<ts3downloaddialog> sender = deliver(Qt::blue);
     whiteboard* window = fixture->openGuest({99, 3, 4, 2}, 1, "/b.png");
+    QVERIFY(sender.ran());
     const auto* list = window->findChild<QListWidget*>();
     QCOMPARE(list->count(), 3);
     QCOMPARE(list->item(2)->text(), QString("Anna"));
@@ -307,8 +322,9 @@ void tst_whiteboardguest::lastRowIsTheHosts()
 
 void tst_whiteboardguest::aloneNothingIsSaid()
 {
-    deliver(Qt::blue);
+    const whenopen<ts3downloaddialog> sender = deliver(Qt::blue);
     whiteboard* window = fixture->openGuest({}, 1, "/b.png");
+    QVERIFY(sender.ran());
     QVERIFY(fixture->host.takeSent().isEmpty());
     QCOMPARE(window->findChild<QListWidget*>()->count(), 0);
     QCOMPARE(pixel(window, 10, 10), QColor(Qt::blue).rgba());
@@ -329,7 +345,7 @@ void tst_whiteboardguest::controllersEndInAPrompt()
     auto* controller = new fakecontroller;
     const QPointer<fakecontroller> controllerAlive(controller);
     QList<sentcommand> saidAtOnce;
-    whenOpen<QDialog>([&](QDialog*) {
+    const whenopen<QDialog> user([&](QDialog&) {
         emit controller->shuttingDown();
         saidAtOnce = fixture->host.takeSent();
         delete endpoint;
@@ -355,9 +371,11 @@ void tst_whiteboardguest::controllersEndInAPrompt()
 
 void tst_whiteboardguest::hostMemoryIsGivenBack()
 {
-    whenOpen<QInputDialog>([](QInputDialog* prompt) { prompt->accept(); });
-    deliver(Qt::blue);
+    const whenopen<QInputDialog> user([](QInputDialog& prompt) { prompt.accept(); });
+    const whenopen<ts3downloaddialog> sender = deliver(Qt::blue);
     fixture->openGuest({3, 2}, 7, "/b.png");
+    QVERIFY(user.ran());
+    QVERIFY(sender.ran());
     QVERIFY(fixture->host.calls.value("getChannelVariableAsString") > 0);
     QCOMPARE(fixture->host.outstanding, 0);
 }

@@ -1,7 +1,9 @@
 #include "canvas/paintscene.h"
 #include "dialogs/kelvoraboutdialog.h"
 #include "serverfiles/ts3downloaddialog.h"
+#include "serverfiles/ts3filedialog.h"
 #include "sessionfixture.h"
+#include "tests/support/whenopen.h"
 #include "windowparts.h"
 
 #include <QAction>
@@ -47,7 +49,7 @@ private slots:
 
 private:
     // Opens one of the dialogs and runs act in its nested loop.
-    void inDialog(const QString& dialog, whiteboard* window, const std::function<void(QDialog*)>& act);
+    void inDialog(const QString& dialog, whiteboard* window, const std::function<void(QDialog&)>& act);
 
     temporarydirectory temporary;
     QScopedPointer<sessionfixture> fixture;
@@ -65,29 +67,33 @@ void addDialogs()
 } // namespace
 
 void tst_whiteboardprompts::inDialog(const QString& dialog, whiteboard* window,
-                                     const std::function<void(QDialog*)>& act)
+                                     const std::function<void(QDialog&)>& act)
 {
     if (dialog == "transfer") {
-        whenOpen<ts3downloaddialog>([act](ts3downloaddialog* open) { act(open); });
-        chooseUpload(fixture.data(), "picture.png");
-        return click(window, "Upload");
+        const whenopen<ts3downloaddialog> user(act);
+        const whenopen<ts3filedialog> chooser = chooseUpload(fixture.data(), "picture.png");
+        click(window, "Upload");
+        QVERIFY(user.ran());
+        return;
     }
-    whenOpen<QDialog>(act);
+    const whenopen<QDialog> user(act);
     const QHash<QString, const char*> buttons{
         {"colour", "Color"}, {"save", "Save"}, {"upload", "Upload"}, {"info", "Info"}};
     click(window, buttons.value(dialog));
+    QVERIFY(user.ran());
 }
 
 void tst_whiteboardprompts::chosenColourPaintsAndShows()
 {
     whiteboard* window = fixture->openHost({2});
     QColor initial;
-    whenOpen<QColorDialog>([&initial](QColorDialog* dialog) {
-        initial = dialog->currentColor();
-        dialog->setCurrentColor(QColor(1, 35, 69));
-        dialog->accept();
+    const whenopen<QColorDialog> user([&initial](QColorDialog& dialog) {
+        initial = dialog.currentColor();
+        dialog.setCurrentColor(QColor(1, 35, 69));
+        dialog.accept();
     });
     click(window, "Color");
+    QVERIFY(user.ran());
     QCOMPARE(initial, QColor(Qt::black));
     const QIcon icon = window->findChild<QToolBar*>()->actions().at(0)->icon();
     QCOMPARE(icon.pixmap(16).toImage().pixel(8, 8), qRgb(1, 35, 69));
@@ -96,11 +102,12 @@ void tst_whiteboardprompts::chosenColourPaintsAndShows()
     QCOMPARE(pixel(window, 40, 40), qRgb(1, 35, 69));
     QCOMPARE(fixture->host.takeTexts(), QList<QByteArray>{"\x11 1 \x02 #012345 1 40|40 40|40"});
     // The next choice starts from this one.
-    whenOpen<QColorDialog>([&initial](QColorDialog* dialog) {
-        initial = dialog->currentColor();
-        dialog->reject();
+    const whenopen<QColorDialog> nextUser([&initial](QColorDialog& dialog) {
+        initial = dialog.currentColor();
+        dialog.reject();
     });
     click(window, "Color");
+    QVERIFY(nextUser.ran());
     QCOMPARE(initial, QColor(1, 35, 69));
 }
 
@@ -108,11 +115,12 @@ void tst_whiteboardprompts::cancelledColourChangesNothing()
 {
     whiteboard* window = fixture->openHost({2});
     const QIcon before = window->findChild<QToolBar*>()->actions().at(0)->icon();
-    whenOpen<QColorDialog>([](QColorDialog* dialog) {
-        dialog->setCurrentColor(Qt::red);
-        dialog->reject();
+    const whenopen<QColorDialog> user([](QColorDialog& dialog) {
+        dialog.setCurrentColor(Qt::red);
+        dialog.reject();
     });
     click(window, "Color");
+    QVERIFY(user.ran());
     QCOMPARE(window->findChild<QToolBar*>()->actions().at(0)->icon().cacheKey(), before.cacheKey());
     emit canvasOf(window)->paintDataAvailable(kelvortool::clear, {});
     QCOMPARE(fixture->host.takeTexts(), QList<QByteArray>{"\x11 1 \x06 #000000 1"});
@@ -126,13 +134,14 @@ void tst_whiteboardprompts::saveWritesThePicture()
     const QString path = fixture->directory.filePath("picture");
     QString caption;
     QStringList filters;
-    whenOpen<QFileDialog>([&](QFileDialog* dialog) {
-        caption = dialog->windowTitle();
-        filters = dialog->nameFilters();
-        dialog->selectFile(path);
-        static_cast<QDialog*>(dialog)->accept();
+    const whenopen<QFileDialog> user([&](QFileDialog& dialog) {
+        caption = dialog.windowTitle();
+        filters = dialog.nameFilters();
+        dialog.selectFile(path);
+        static_cast<QDialog&>(dialog).accept();
     });
     click(window, "Save");
+    QVERIFY(user.ran());
     QCOMPARE(caption, QString("Save image to file"));
     QCOMPARE(filters, QStringList{"PNG-Images (*.png)"});
     QCOMPARE(QImage(path, "PNG").convertToFormat(QImage::Format_ARGB32), canvasOf(window)->picture());
@@ -144,11 +153,12 @@ void tst_whiteboardprompts::saveWritesTheMergedPicture()
     whiteboard* window = fixture->openHost({2}, fixture->pictureFile("start.png", Qt::blue), true);
     fixture->receive(1, "\x11 2 \x02 #ff0000 9 50|50 50|50");
     const QString path = fixture->directory.filePath("picture.png");
-    whenOpen<QFileDialog>([&](QFileDialog* dialog) {
-        dialog->selectFile(path);
-        static_cast<QDialog*>(dialog)->accept();
+    const whenopen<QFileDialog> user([&](QFileDialog& dialog) {
+        dialog.selectFile(path);
+        static_cast<QDialog&>(dialog).accept();
     });
     click(window, "Save");
+    QVERIFY(user.ran());
     const QImage saved(path);
     QCOMPARE(saved.pixel(50, 50), qRgb(255, 0, 0));
     QCOMPARE(saved.pixel(10, 10), qRgb(0, 0, 255));
@@ -158,11 +168,12 @@ void tst_whiteboardprompts::cancelledSaveWritesNothing()
 {
     whiteboard* window = fixture->openHost({2});
     const QString path = fixture->directory.filePath("picture.png");
-    whenOpen<QFileDialog>([&](QFileDialog* dialog) {
-        dialog->selectFile(path);
-        dialog->reject();
+    const whenopen<QFileDialog> user([&](QFileDialog& dialog) {
+        dialog.selectFile(path);
+        dialog.reject();
     });
     click(window, "Save");
+    QVERIFY(user.ran());
     QVERIFY(!QFileInfo::exists(path));
 }
 
@@ -171,12 +182,14 @@ void tst_whiteboardprompts::failedSaveIsSilent()
     // Nothing can be written for a session without a canvas, and what stood there stays.
     whiteboard* window = fixture->openHost({2}, QString(), false, {0, 0});
     const QString path = fixture->pictureFile("old.png", Qt::green);
-    whenOpen<QFileDialog>([&](QFileDialog* dialog) {
-        dialog->selectFile(path);
-        whenOpen<QMessageBox>([](QMessageBox* box) { box->button(QMessageBox::Yes)->click(); });
-        static_cast<QDialog*>(dialog)->accept();
+    const whenopen<QMessageBox> overwriting([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); });
+    const whenopen<QFileDialog> user([&](QFileDialog& dialog) {
+        dialog.selectFile(path);
+        static_cast<QDialog&>(dialog).accept();
     });
     click(window, "Save");
+    QVERIFY(user.ran());
+    QVERIFY(overwriting.ran());
     QCOMPARE(QImage(path).pixel(10, 10), QColor(Qt::green).rgba());
     QVERIFY(window->findChild<QStatusBar*>()->currentMessage().isEmpty());
     QVERIFY(!QApplication::activeModalWidget());
@@ -187,12 +200,13 @@ void tst_whiteboardprompts::aboutIsModal()
     whiteboard* window = fixture->openHost({2});
     bool modal = false;
     const QWidget* parent = nullptr;
-    whenOpen<kelvoraboutdialog>([&](kelvoraboutdialog* dialog) {
-        modal = dialog->isModal();
-        parent = dialog->parentWidget();
-        dialog->close();
+    const whenopen<kelvoraboutdialog> user([&](kelvoraboutdialog& dialog) {
+        modal = dialog.isModal();
+        parent = dialog.parentWidget();
+        dialog.close();
     });
     click(window, "Info");
+    QVERIFY(user.ran());
     QVERIFY(modal);
     QCOMPARE(parent, window);
     QVERIFY(window->findChildren<kelvoraboutdialog*>().isEmpty());
@@ -202,15 +216,16 @@ void tst_whiteboardprompts::twoClicksOpenOneDialog()
 {
     whiteboard* window = fixture->openHost({2});
     int open = 0;
-    whenOpen<QDialog>([&](QDialog* dialog) {
+    const whenopen<QDialog> user([&](QDialog& dialog) {
         QCoreApplication::processEvents();
         open = window->findChildren<QDialog*>().size();
-        dialog->reject();
+        dialog.reject();
     });
     action(window, "Info")->trigger();
     action(window, "Color")->trigger();
     QCOMPARE(window->findChildren<QDialog*>().size(), 0);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
+    QVERIFY(user.ran());
     QCOMPARE(open, 1);
     QVERIFY(!QApplication::activeModalWidget());
 }
@@ -222,11 +237,11 @@ void tst_whiteboardprompts::strokesArePaintedMeanwhile()
     QFETCH(QString, dialog);
     whiteboard* window = fixture->openHost({2, 3});
     QRgb meanwhile = 0;
-    inDialog(dialog, window, [&](QDialog* open) {
+    inDialog(dialog, window, [&](QDialog& open) {
         fixture->receive(1, "\x11 2 \x02 #ff0000 9 50|50 50|50");
         fixture->receive(1, "\x12 3");
         meanwhile = pixel(window, 50, 50);
-        open->reject();
+        open.reject();
     });
     QCOMPARE(meanwhile, QColor(Qt::red).rgba());
     emit canvasOf(window)->paintDataAvailable(kelvortool::clear, {});
@@ -240,8 +255,8 @@ void tst_whiteboardprompts::endMeanwhile()
     QFETCH(QString, dialog);
     const QPointer<whiteboard> window = fixture->openHost({2});
     QPointer<QDialog> shown;
-    inDialog(dialog, window, [&](QDialog* open) {
-        shown = open;
+    inDialog(dialog, window, [&](QDialog& open) {
+        shown = &open;
         delete window.data();
     });
     QVERIFY(!window);
@@ -257,7 +272,7 @@ void tst_whiteboardprompts::closeMeanwhile()
 {
     QFETCH(QString, dialog);
     const QPointer<whiteboard> window = fixture->openHost({2});
-    inDialog(dialog, window, [&](QDialog*) { window->close(); });
+    inDialog(dialog, window, [&](QDialog&) { window->close(); });
     QTRY_VERIFY(!window);
     QTRY_VERIFY(!QApplication::activeModalWidget());
     QCOMPARE(fixture->host.takeTexts(), QList<QByteArray>{"\x12 1"});

@@ -2,6 +2,7 @@
 #include "serverfiles/ts3downloaddialog.h"
 #include "serverfiles/ts3filedialog.h"
 #include "sessionfixture.h"
+#include "tests/support/whenopen.h"
 #include "windowparts.h"
 
 #include <QStatusBar>
@@ -55,9 +56,11 @@ void tst_whiteboardupload::uploadSendsThePicture()
     QFETCH(QByteArray, remotePath);
     whiteboard* window = fixture->openHost({2});
     fixture->receive(1, "\x11 2 \x02 #ff0000 9 50|50 50|50");
-    chooseUpload(fixture.data(), "my picture.png", directory);
-    whenOpen<ts3downloaddialog>([this](ts3downloaddialog*) { fixture->completeTransfer(); });
+    const whenopen<ts3filedialog> chooser = chooseUpload(fixture.data(), "my picture.png", directory);
+    const whenopen<ts3downloaddialog> waiter([this](ts3downloaddialog&) { fixture->completeTransfer(); });
     click(window, "Upload");
+    QVERIFY(chooser.ran());
+    QVERIFY(waiter.ran());
     const filerequest request = fixture->host.requests.last();
     QCOMPARE(request.function, QByteArray("sendFile"));
     QCOMPARE(request.schid, uint64(1));
@@ -73,8 +76,9 @@ void tst_whiteboardupload::uploadSendsThePicture()
 void tst_whiteboardupload::cancelledUploadSendsNothing()
 {
     whiteboard* window = fixture->openHost({2});
-    whenOpen<ts3filedialog>([](ts3filedialog* dialog) { dialog->reject(); });
+    const whenopen<ts3filedialog> user([](ts3filedialog& dialog) { dialog.reject(); });
     click(window, "Upload");
+    QVERIFY(user.ran());
     QVERIFY(fixture->host.requests.isEmpty());
     QVERIFY(temporary.entries().isEmpty());
 }
@@ -84,8 +88,9 @@ void tst_whiteboardupload::refusedUploadShowsTheError()
     whiteboard* window = fixture->openHost({2});
     fixture->host.failing.insert("sendFile");
     fixture->host.failure = ERROR_channel_invalid_password;
-    chooseUpload(fixture.data(), "picture.png");
+    const whenopen<ts3filedialog> chooser = chooseUpload(fixture.data(), "picture.png");
     click(window, "Upload");
+    QVERIFY(chooser.ran());
     QCOMPARE(window->findChild<QStatusBar*>()->currentMessage(), QString("error 30d"));
     QVERIFY(!QApplication::activeModalWidget());
 }
@@ -93,9 +98,11 @@ void tst_whiteboardupload::refusedUploadShowsTheError()
 void tst_whiteboardupload::closedUploadShowsTheText()
 {
     whiteboard* window = fixture->openHost({2});
-    chooseUpload(fixture.data(), "picture.png");
-    whenOpen<ts3downloaddialog>([](ts3downloaddialog* dialog) { dialog->close(); });
+    const whenopen<ts3filedialog> chooser = chooseUpload(fixture.data(), "picture.png");
+    const whenopen<ts3downloaddialog> waiter([](ts3downloaddialog& dialog) { dialog.close(); });
     click(window, "Upload");
+    QVERIFY(chooser.ran());
+    QVERIFY(waiter.ran());
     // No code came, and what the client calls code 0 is shown.
     QCOMPARE(window->findChild<QStatusBar*>()->currentMessage(), QString("error 0"));
 }
@@ -119,8 +126,10 @@ void tst_whiteboardupload::uploadNameThatLeadsAwayEndsSilently()
     whiteboard* window = fixture->openHost({2});
     QVERIFY(QDir(temporary.path()).mkdir("sub"));
     const QString above = QFileInfo(temporary.file("../above.png")).absoluteFilePath();
-    chooseUpload(fixture.data(), name == "absolute" ? fixture->directory.filePath("absolute.png") : name);
+    const whenopen<ts3filedialog> chooser =
+        chooseUpload(fixture.data(), name == "absolute" ? fixture->directory.filePath("absolute.png") : name);
     click(window, "Upload");
+    QVERIFY(chooser.ran());
     for (const filerequest& request : qAsConst(fixture->host.requests))
         QCOMPARE(request.function, QByteArray("requestFileList"));
     QVERIFY(!QFileInfo::exists(above));
@@ -137,8 +146,9 @@ void tst_whiteboardupload::earlierTemporaryFileIsNotSent()
     QImage old(5, 5, QImage::Format_ARGB32);
     old.fill(Qt::red);
     QVERIFY(old.save(temporary.file("picture.png")));
-    chooseUpload(fixture.data(), "picture.png");
+    const whenopen<ts3filedialog> chooser = chooseUpload(fixture.data(), "picture.png");
     click(window, "Upload");
+    QVERIFY(chooser.ran());
     QCOMPARE(fixture->host.requests.last().function, QByteArray("requestFileList"));
     QVERIFY(!QFileInfo::exists(temporary.file("picture.png")));
     QVERIFY(window->findChild<QStatusBar*>()->currentMessage().isEmpty());
@@ -153,9 +163,11 @@ void tst_whiteboardupload::uploadDoesNotFollowALink()
     QVERIFY(QFile::link(precious, temporary.file("one.png")));
     QVERIFY(QFile::link(absent, temporary.file("two.png")));
     for (const char* name : {"one.png", "two.png"}) {
-        chooseUpload(fixture.data(), name);
-        whenOpen<ts3downloaddialog>([this](ts3downloaddialog*) { fixture->completeTransfer(); });
+        const whenopen<ts3filedialog> chooser = chooseUpload(fixture.data(), name);
+        const whenopen<ts3downloaddialog> waiter([this](ts3downloaddialog&) { fixture->completeTransfer(); });
         click(window, "Upload");
+        QVERIFY(chooser.ran());
+        QVERIFY(waiter.ran());
         QCOMPARE(fixture->host.requests.last().function, QByteArray("sendFile"));
         QVERIFY(!QFileInfo(temporary.file(name)).isSymLink());
     }
@@ -167,8 +179,9 @@ void tst_whiteboardupload::uploadThatCannotBeWrittenEndsSilently()
 {
     whiteboard* window = fixture->openHost({2});
     // Longer than a file system takes.
-    chooseUpload(fixture.data(), QString(300, 'n') + ".png");
+    const whenopen<ts3filedialog> chooser = chooseUpload(fixture.data(), QString(300, 'n') + ".png");
     click(window, "Upload");
+    QVERIFY(chooser.ran());
     QCOMPARE(fixture->host.requests.last().function, QByteArray("requestFileList"));
     QVERIFY(window->findChild<QStatusBar*>()->currentMessage().isEmpty());
 }
@@ -176,14 +189,16 @@ void tst_whiteboardupload::uploadThatCannotBeWrittenEndsSilently()
 void tst_whiteboardupload::uploadOfAGuestWithoutPictureStandsAtZero()
 {
     whiteboard* window = fixture->openGuest({2});
-    chooseUpload(fixture.data(), "picture.png");
+    const whenopen<ts3filedialog> chooser = chooseUpload(fixture.data(), "picture.png");
     bool openAfterTheEnd = false;
-    whenOpen<ts3downloaddialog>([&](ts3downloaddialog* dialog) {
+    const whenopen<ts3downloaddialog> waiter([&](ts3downloaddialog& dialog) {
         fixture->completeTransfer();
-        openAfterTheEnd = dialog->isVisible();
-        dialog->close();
+        openAfterTheEnd = dialog.isVisible();
+        dialog.close();
     });
     click(window, "Upload");
+    QVERIFY(chooser.ran());
+    QVERIFY(waiter.ran());
     QVERIFY(openAfterTheEnd);
 }
 

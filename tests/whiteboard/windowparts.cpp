@@ -99,17 +99,17 @@ void drag(whiteboard* window)
     QTest::mouseRelease(canvas, Qt::LeftButton, Qt::NoModifier, {80, 60});
 }
 
-void chooseUpload(sessionfixture* fixture, const QString& name, const QString& directory)
+whenopen<ts3filedialog> chooseUpload(sessionfixture* fixture, const QString& name, const QString& directory)
 {
-    whenOpen<ts3filedialog>([fixture, name, directory](ts3filedialog* dialog) {
-        auto* table = dialog->findChild<QTableWidget*>();
+    return whenopen<ts3filedialog>([fixture, name, directory](ts3filedialog& dialog) {
+        auto* table = dialog.findChild<QTableWidget*>();
         enterRow(table, 0);
         if (!directory.isEmpty()) {
             emit fixture->controller.fileList(1, 1, QString::fromLatin1("/"), directory, 0, 0, FileListType_Directory);
             enterRow(table, 0);
         }
-        dialog->findChild<QLineEdit*>(QString::fromLatin1("filenameedit"))->setText(name);
-        dialog->accept();
+        dialog.findChild<QLineEdit*>(QString::fromLatin1("filenameedit"))->setText(name);
+        dialog.accept();
     });
 }
 

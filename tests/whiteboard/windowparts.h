@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/support/whenopen.h"
+
 #include <QIcon>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -8,6 +10,7 @@ class QAction;
 class QToolBar;
 class QToolButton;
 class sessionfixture;
+class ts3filedialog;
 class whiteboard;
 
 // The parts of a window as the user finds them, by their place and their texts; none of them has an object name.
@@ -30,8 +33,9 @@ bool isIcon(const QIcon& icon, const char* path);
 void drag(whiteboard* window);
 
 /// Walks the file dialog of the next upload into the first channel, there into a directory unless it is empty, and
-/// accepts a name.
-void chooseUpload(sessionfixture* fixture, const QString& name, const QString& directory = QString());
+/// accepts a name. To be kept until the upload was asked for.
+[[nodiscard]] whenopen<ts3filedialog> chooseUpload(sessionfixture* fixture, const QString& name,
+                                                   const QString& directory = QString());
 
 /// Counts what the toolkit complains of, as long as it lives: the length of a test, since each starts with a handler
 /// of its own.
