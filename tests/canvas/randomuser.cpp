@@ -12,7 +12,7 @@ constexpr int oneBatch = 19;
 
 randomuser::randomuser(paintscene& scene, const QSize& size, quint32 seed)
     : scene(scene)
-    , hand(scene)
+    , user(scene)
     , size(size)
     , random(seed)
 {
@@ -43,6 +43,14 @@ void randomuser::act()
     }
 }
 
+void randomuser::stroke()
+{
+    if (now())
+        drawPath();
+    else
+        drawShape();
+}
+
 QPoint randomuser::place() { return randompictures::point(random, size); }
 
 QColor randomuser::anyColor()
@@ -57,15 +65,15 @@ qreal randomuser::anyWidth() { return seldom() ? (1 + upTo(2000)) / 10.0 : (1 + 
 void randomuser::takeTool(kelvortool tool)
 {
     if (seldom()) {
-        hand.take(kelvortool::notool, anyColor(), anyWidth());
-        hand.drag({place(), place()});
+        user.take(kelvortool::notool, anyColor(), anyWidth());
+        user.drag({place(), place()});
     }
-    hand.take(tool, anyColor(), anyWidth());
+    user.take(tool, anyColor(), anyWidth());
 }
 
 void randomuser::press(const QPoint& pos, Qt::KeyboardModifiers modifiers)
 {
-    hand.press(pos, Qt::LeftButton, modifiers);
+    user.press(pos, Qt::LeftButton, modifiers);
     if (seldom()) {
         distract(pos);
     }
@@ -74,26 +82,26 @@ void randomuser::press(const QPoint& pos, Qt::KeyboardModifiers modifiers)
 /// What is not for the tool, in the middle of a drag.
 void randomuser::distract(const QPoint& pos)
 {
-    hand.press(pos, Qt::RightButton);
-    hand.release(pos, Qt::RightButton);
-    hand.keyDown(Qt::Key_Shift);
-    hand.keyUp(Qt::Key_Shift);
-    hand.keyDown(Qt::Key_A);
+    user.press(pos, Qt::RightButton);
+    user.release(pos, Qt::RightButton);
+    user.keyDown(Qt::Key_Shift);
+    user.keyUp(Qt::Key_Shift);
+    user.keyDown(Qt::Key_A);
 }
 
 void randomuser::drawPath()
 {
     takeTool(now() ? kelvortool::pencil : kelvortool::eraser);
     const qreal width = anyWidth();
-    hand.setThickness(width);
+    user.setThickness(width);
     const int positions = 1 + upTo(width < 1 ? oneBatch - 1 : 70);
     QPoint pos = place();
     press(pos);
     for (int i = 1; i < positions; ++i) {
         pos += QPoint(random.bounded(-12, 13), random.bounded(-12, 13));
-        hand.move(pos);
+        user.move(pos);
     }
-    hand.release(now() ? pos : place());
+    user.release(now() ? pos : place());
 }
 
 void randomuser::drawShape()
@@ -102,9 +110,9 @@ void randomuser::drawShape()
     takeTool(shapes[upTo(3)]);
     press(place(), anyKeys());
     for (int moves = upTo(30); moves > 0; --moves) {
-        hand.move(place(), anyKeys());
+        user.move(place(), anyKeys());
     }
-    hand.release(place(), Qt::LeftButton, anyKeys());
+    user.release(place(), Qt::LeftButton, anyKeys());
 }
 
 void randomuser::writeText()
@@ -112,22 +120,22 @@ void randomuser::writeText()
     takeTool(kelvortool::text);
     for (bool again = true; again; again = now()) {
         press(place());
-        hand.move(place());
-        hand.release(place());
+        user.move(place());
+        user.release(place());
         for (int keys = upTo(12); keys > 0; --keys) {
             const int key = 0x21 + upTo(0xff - 0x21);
-            hand.keyDown(seldom() ? int(Qt::Key_Backspace) : key, anyKeys());
+            user.keyDown(seldom() ? int(Qt::Key_Backspace) : key, anyKeys());
         }
         if (seldom()) {
-            hand.setColor(anyColor());
-            hand.setThickness(anyWidth());
-            hand.keyDown(Qt::Key_Escape);
+            user.setColor(anyColor());
+            user.setThickness(anyWidth());
+            user.keyDown(Qt::Key_Escape);
         }
     }
     if (now()) {
-        hand.keyDown(now() ? Qt::Key_Return : Qt::Key_Enter);
+        user.keyDown(now() ? Qt::Key_Return : Qt::Key_Enter);
     } else {
-        hand.loseFocus();
+        user.loseFocus();
     }
 }
 
@@ -143,13 +151,13 @@ void randomuser::select()
         opposite = place();
     }
     if (seldom()) {
-        hand.drag({place()});
+        user.drag({place()});
     }
     press(corner);
-    hand.move(place());
-    hand.release(opposite);
+    user.move(place());
+    user.release(opposite);
     if (now()) {
-        hand.keyDown(Qt::Key_Delete);
+        user.keyDown(Qt::Key_Delete);
     }
     useEffect();
     moveSelection(corner, (corner + opposite) / 2);
@@ -164,8 +172,8 @@ void randomuser::moveSelection(QPoint corner, QPoint grab)
             drop = place();
         }
         press(grab);
-        hand.move(place());
-        hand.release(drop);
+        user.move(place());
+        user.release(drop);
         corner = drop - (grab - corner);
         grab = corner;
         useEffect();
@@ -175,9 +183,9 @@ void randomuser::moveSelection(QPoint corner, QPoint grab)
 void randomuser::fill()
 {
     takeTool(kelvortool::fill);
-    hand.press(place(), now() ? Qt::LeftButton : Qt::RightButton);
-    hand.move(place());
-    hand.release(place(), Qt::LeftButton);
+    user.press(place(), now() ? Qt::LeftButton : Qt::RightButton);
+    user.move(place());
+    user.release(place(), Qt::LeftButton);
 }
 
 void randomuser::useEffect()

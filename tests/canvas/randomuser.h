@@ -13,7 +13,10 @@ public:
 
     /// One deed: a whole stroke, a text with all its keys, a selection with its moves, an effect.
     void act();
-    QList<paintmessage> takeMessages() { return hand.takeMessages(); }
+    /// A deed that paints a path or a shape and nothing else.
+    void stroke();
+    QList<paintmessage> takeMessages() { return user.takeMessages(); }
+    scenehand& hand() { return user; }
 
 private:
     void takeTool(kelvortool tool);
@@ -36,7 +39,7 @@ private:
     Qt::KeyboardModifiers anyKeys() { return now() ? Qt::ShiftModifier : Qt::NoModifier; }
 
     paintscene& scene;
-    scenehand hand;
+    scenehand user;
     QSize size;
     QRandomGenerator random;
 };

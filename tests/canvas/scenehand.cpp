@@ -51,14 +51,14 @@ void scenehand::take(kelvortool tool, const QColor& newColor, qreal newThickness
 
 void scenehand::setColor(const QColor& newColor)
 {
-    color = newColor;
-    scene.setColor(newColor);
+    color = chooseColor ? chooseColor(newColor) : newColor;
+    scene.setColor(color);
 }
 
 void scenehand::setThickness(qreal newThickness)
 {
-    thickness = newThickness;
-    scene.setThickness(newThickness);
+    thickness = chooseThickness ? chooseThickness(newThickness) : newThickness;
+    scene.setThickness(thickness);
 }
 
 void scenehand::press(const QPoint& pos, Qt::MouseButton button, Qt::KeyboardModifiers modifiers)

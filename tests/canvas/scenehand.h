@@ -9,6 +9,8 @@
 #include <QPoint>
 #include <QString>
 
+#include <functional>
+
 /// A paint message as the window would put it on the wire: a stroke with the colour and the width that the window has
 /// at that moment, or a tool with its string.
 struct paintmessage {
@@ -50,6 +52,10 @@ public:
     paintmessage takeOnlyMessage(); ///< an empty message when there is none, or more than one
 
     int clicks = 0;
+    /// Where a window stands around the canvas, colours and widths are chosen in it: takes what is wished for, and
+    /// returns what the window has then.
+    std::function<QColor(const QColor&)> chooseColor;
+    std::function<qreal(qreal)> chooseThickness;
 
 private:
     void mouse(QEvent::Type type, const QPoint& pos, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
