@@ -9,6 +9,14 @@
 #include <QSignalSpy>
 #include <QTest>
 
+/// No window of the client, although it is one by inheritance.
+class OtherMainWindow : public MainWindow {
+    Q_OBJECT
+
+public:
+    using MainWindow::MainWindow;
+};
+
 /// The controller's shell: the menu entry, the chat command, what the client reports, the settings.
 class tst_kelvor : public QObject {
     Q_OBJECT
@@ -20,10 +28,12 @@ private slots:
     void dispatchesPluginCommandsOfItsOwnNameOnly();
     void chatCommandOpensOnTheExactWordOnly_data();
     void chatCommandOpensOnTheExactWordOnly();
+    void theWordIsHandledWhateverCameOfIt();
     void aMoveOfAClientIsTakenByItsVisibility_data();
     void aMoveOfAClientIsTakenByItsVisibility();
 
     void theEntryStandsInTheFifthOfSixMenus();
+    void onlyAWindowOfTheVeryClassGetsTheEntry();
     void fiveMenusGetNoEntryUntilASixthComes();
     void aWindowWithoutAMenuBarIsNotGivenOne();
     void theEntryOpensASessionOnTheActiveTab();
@@ -92,6 +102,18 @@ void tst_kelvor::chatCommandOpensOnTheExactWordOnly()
     }
 }
 
+void tst_kelvor::theWordIsHandledWhateverCameOfIt()
+{
+    controllerfixture fixture;
+    fixture.start();
+    QVERIFY(fixture.controller->handleCommand(1, QString::fromLatin1("open")));
+    QVERIFY(fixture.controller->handleCommand(1, QString::fromLatin1("open")));
+    fixture.host.failing.insert("getConnectionStatus");
+    QVERIFY(fixture.controller->handleCommand(2, QString::fromLatin1("open")));
+    QCOMPARE(fixture.controller->stateOf(2), session_none);
+    QCOMPARE(fixture.host.printed.size(), 2);
+}
+
 void tst_kelvor::aMoveOfAClientIsTakenByItsVisibility_data()
 {
     QTest::addColumn<int>("visibility");
@@ -131,6 +153,21 @@ void tst_kelvor::theEntryStandsInTheFifthOfSixMenus()
     QCOMPARE(window.toolEntries(), QStringList{QString::fromLatin1("Kelvor")});
     const QAction* entry = window.menuBar()->actions().at(4)->menu()->actions().first();
     QCOMPARE(entry->icon().actualSize({18, 18}), QSize(18, 18));
+}
+
+void tst_kelvor::onlyAWindowOfTheVeryClassGetsTheEntry()
+{
+    QMainWindow plain;
+    OtherMainWindow derived(6);
+    for (int menu = 0; menu < 6; ++menu)
+        plain.menuBar()->addMenu(QString::fromLatin1("Menu"));
+    controllerfixture fixture;
+    fixture.start();
+    QVERIFY(plain.menuBar()->actions().at(4)->menu()->isEmpty());
+    QVERIFY(derived.toolEntries().isEmpty());
+    MainWindow window(6);
+    QTRY_COMPARE(window.toolEntries(), QStringList{QString::fromLatin1("Kelvor")});
+    QVERIFY(derived.toolEntries().isEmpty());
 }
 
 void tst_kelvor::fiveMenusGetNoEntryUntilASixthComes()
