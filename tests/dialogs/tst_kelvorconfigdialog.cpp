@@ -120,8 +120,10 @@ private slots:
     void theTwoChoosersShowADirectory()
     {
         kelvorconfigdialog dialog(QString(), nullptr);
+        const QImage directory = QPixmap(QLatin1String(":/gfx/gfx/directory.png")).toImage();
+        QCOMPARE(directory.size(), QSize(24, 24));
         for (const char* name : {"downloadbutton", "soundbutton"})
-            QCOMPARE(part<QToolButton>(dialog, name)->icon().availableSizes(), QList<QSize>({QSize(24, 24)}));
+            QCOMPARE(part<QToolButton>(dialog, name)->icon().pixmap(24).toImage(), directory);
     }
 
     void itEndsInOkAndCancel()

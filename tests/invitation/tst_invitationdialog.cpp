@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QStatusBar>
+#include <QStyle>
 #include <QTest>
 
 #include <algorithm>
@@ -86,6 +87,10 @@ void tst_invitationdialog::looksAsFormed()
         QVERIFY(!lobby->widget<QPushButton>(name)->icon().isNull());
         QVERIFY(!lobby->widget<QPushButton>(name)->autoDefault());
     }
+    const QIcon open = lobby->dialog->style()->standardIcon(QStyle::SP_DialogOpenButton);
+    QCOMPARE(lobby->widget<QPushButton>("loadbutton")->icon().pixmap(24).toImage(), open.pixmap(24).toImage());
+    const QIcon clear(":/gfx/gfx/clear.png");
+    QCOMPARE(lobby->widget<QPushButton>("clearbutton")->icon().pixmap(24).toImage(), clear.pixmap(24).toImage());
     QCOMPARE(lobby->widget<QPushButton>("loadbutton")->toolTip(), QString("Load image"));
     QCOMPARE(lobby->widget<QPushButton>("clearbutton")->toolTip(), QString("Clear image"));
     const auto* background = lobby->widget<QCheckBox>("imagebgcheckbox");

@@ -1,5 +1,7 @@
 #include "controllerfixture.h"
+#include "invitation/invitationdialog.h"
 #include "mainwindow.h"
+#include "whiteboard/whiteboard.h"
 
 #include <QAction>
 #include <QMenu>
@@ -37,6 +39,7 @@ private slots:
     void fiveMenusGetNoEntryUntilASixthComes();
     void aWindowWithoutAMenuBarIsNotGivenOne();
     void theEntryOpensASessionOnTheActiveTab();
+    void aLobbyBelongsToTheClientsWindowAndAWhiteboardToNone();
     void theEntryGoesWithTheController();
     void aClientThatTookTheMenuAwayIsNoTrouble();
 
@@ -200,6 +203,20 @@ void tst_kelvor::theEntryOpensASessionOnTheActiveTab()
     window.menuBar()->actions().at(4)->menu()->actions().first()->trigger();
     QCOMPARE(fixture.controller->stateOf(1), session_none);
     QCOMPARE(fixture.controller->stateOf(2), session_hosting);
+}
+
+void tst_kelvor::aLobbyBelongsToTheClientsWindowAndAWhiteboardToNone()
+{
+    MainWindow window(6);
+    controllerfixture fixture;
+    fixture.start();
+    fixture.controller->openSession(1);
+    invitationdialog* lobby = controllerfixture::lobbies().value(0);
+    QVERIFY(lobby);
+    QCOMPARE(lobby->parentWidget(), &window);
+    lobby->accept();
+    QCOMPARE(controllerfixture::boards().size(), 1);
+    QVERIFY(!controllerfixture::boards().first()->parentWidget());
 }
 
 void tst_kelvor::theEntryGoesWithTheController()

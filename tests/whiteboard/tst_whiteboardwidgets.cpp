@@ -11,6 +11,7 @@
 #include <QShortcut>
 #include <QSlider>
 #include <QStatusBar>
+#include <QStyle>
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -42,6 +43,8 @@ private slots:
     void partsStandInOrder();
     void splitterIsAFrame();
     void actionBarStandsInOrder();
+    void actionsShowTheirPictures_data();
+    void actionsShowTheirPictures();
     void toolBarStandsInOrder();
     void everythingHasAToolTip();
     void noObjectNamesMenuBarOrShortcuts();
@@ -168,8 +171,33 @@ void tst_whiteboardwidgets::actionBarStandsInOrder()
     const QImage color = action(window, "Color")->icon().pixmap(16).toImage();
     QCOMPARE(color.size(), QSize(16, 16));
     QCOMPARE(color.pixel(8, 8), QColor(Qt::black).rgba());
-    const QImage invert = action(window, "Invert pixels")->icon().pixmap(24).toImage();
-    QCOMPARE(invert, QIcon(":/gfx/gfx/invert.png").pixmap(24).toImage());
+}
+
+void tst_whiteboardwidgets::actionsShowTheirPictures_data()
+{
+    QTest::addColumn<QString>("icon"); ///< of the library
+    QTest::addColumn<int>("standard"); ///< of the style, where there is no such
+    QTest::newRow("Swap RGB") << ":/gfx/gfx/swaprgb.png" << 0;
+    QTest::newRow("Invert pixels") << ":/gfx/gfx/invert.png" << 0;
+    QTest::newRow("Flip horizontally") << ":/gfx/gfx/horizontal.png" << 0;
+    QTest::newRow("Flip Vertically") << ":/gfx/gfx/vertical.png" << 0;
+    QTest::newRow("Grayscale") << ":/gfx/gfx/grayscale.png" << 0;
+    QTest::newRow("Clear") << ":/gfx/gfx/new_file.png" << 0;
+    QTest::newRow("Save") << QString() << int(QStyle::SP_DialogSaveButton);
+    QTest::newRow("Upload") << ":/gfx/gfx/upload.png" << 0;
+    QTest::newRow("Info") << QString() << int(QStyle::SP_MessageBoxInformation);
+}
+
+void tst_whiteboardwidgets::actionsShowTheirPictures()
+{
+    QFETCH(QString, icon);
+    QFETCH(int, standard);
+    whiteboard* window = fixture->openHost({2});
+    const QIcon expected =
+        icon.isEmpty() ? window->style()->standardIcon(static_cast<QStyle::StandardPixmap>(standard)) : QIcon(icon);
+    const QImage picture = expected.pixmap(24).toImage();
+    QVERIFY(!picture.isNull());
+    QCOMPARE(action(window, QTest::currentDataTag())->icon().pixmap(24).toImage(), picture);
 }
 
 void tst_whiteboardwidgets::toolBarStandsInOrder()
