@@ -46,11 +46,18 @@ QByteArray joinedLetters(const QByteArray& ini)
     return letters;
 }
 
-// A doubled mark stands for itself.
+// A doubled sign stands for itself, and so does all of a text that is told to be one: the toolkit writes it so when it
+// begins with the sign and holds a NUL.
+bool isText(const QByteArray& letters, int at)
+{
+    constexpr int told = 8;
+    return (at > 0 && letters.at(at - 1) == '@') || (at >= told && letters.mid(at - told, told) == "@String(");
+}
+
 bool holds(const QByteArray& letters, const char* mark)
 {
     int at = letters.indexOf(mark);
-    while (at > 0 && letters.at(at - 1) == '@')
+    while (at >= 0 && isText(letters, at))
         at = letters.indexOf(mark, at + 1);
     return at >= 0;
 }

@@ -29,6 +29,8 @@ void tst_packedvalues::objectsAreFoundHoweverTheyAreSpelled_data()
     QTest::newRow("bytes") << QByteArray("soundpath=@ByteArray(abc)") << false;
     QTest::newRow("doubled mark") << QByteArray("soundpath=@@Variant(x)") << false;
     QTest::newRow("doubled mark, then an object") << QByteArray("a=@@Variant(x)\nb=@Variant(x)") << true;
+    QTest::newRow("told to be a text") << QByteArray("soundpath=\"@String(@Variant(x\\0)\"") << false;
+    QTest::newRow("a text in front") << QByteArray("soundpath=@String(x), @Variant(x)") << true;
     QTest::newRow("quoted") << QByteArray("soundpath=\"@Variant(x)\"") << true;
     QTest::newRow("quotes within") << QByteArray("soundpath=\"@Var\"\"iant\"(x)") << true;
     QTest::newRow("hexadecimal mark") << QByteArray("soundpath=\\x40Variant(x)") << true;
@@ -74,6 +76,7 @@ void tst_packedvalues::textsThatLookLikeObjectsSurviveAFile_data()
     QTest::newRow("object") << QString::fromLatin1("@Variant(abc");
     QTest::newRow("mark") << QString::fromLatin1("@");
     QTest::newRow("marks") << QString::fromLatin1("@@Variant(x)");
+    QTest::newRow("object with a NUL") << "@Variant(" + QString(QChar());
     QTest::newRow("network directory") << QString::fromLatin1("\\\\server\\@pictures");
 }
 
