@@ -1,10 +1,10 @@
 // Commands that act on the canvas as a hand does: mouse and keys, in coordinates of the picture.
 #include "canvasfinder.h"
+#include "canvashand.h"
 #include "playverb.h"
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QMouseEvent>
 #include <QWidget>
 
 #include <optional>
@@ -23,8 +23,7 @@ std::optional<QPoint> readPoint(const QString& text)
 /// The points of a command and what is held meanwhile.
 struct gesture {
     QVector<QPoint> points;
-    Qt::MouseButton button = Qt::LeftButton;
-    Qt::KeyboardModifiers modifiers = Qt::NoModifier;
+    canvashand hand;
 };
 
 // [right] [shift] X,Y ...
@@ -33,25 +32,15 @@ std::optional<gesture> readGesture(const QStringList& words)
     gesture read;
     for (const QString& word : words) {
         if (word == QLatin1String("right"))
-            read.button = Qt::RightButton;
+            read.hand.button = Qt::RightButton;
         else if (word == QLatin1String("shift"))
-            read.modifiers |= Qt::ShiftModifier;
+            read.hand.modifiers |= Qt::ShiftModifier;
         else if (const std::optional<QPoint> point = readPoint(word))
             read.points.append(*point);
         else
             return std::nullopt;
     }
     return read.points.isEmpty() ? std::nullopt : std::optional<gesture>(read);
-}
-
-void post(QWidget* canvas, QEvent::Type type, const QPoint& point, const gesture& held)
-{
-    const bool moves = type == QEvent::MouseMove;
-    const bool presses = type == QEvent::MouseButtonPress;
-    const Qt::MouseButtons down = moves || presses ? Qt::MouseButtons(held.button) : Qt::MouseButtons(Qt::NoButton);
-    auto* const event = new QMouseEvent(type, point, canvas->mapTo(canvas->window(), point), canvas->mapToGlobal(point),
-                                        moves ? Qt::NoButton : held.button, down, held.modifiers);
-    QApplication::postEvent(canvas, event);
 }
 
 playoutcome mouse(const playrequest& request, bool press, bool release)
@@ -63,13 +52,13 @@ playoutcome mouse(const playrequest& request, bool press, bool release)
     if (!canvas)
         return playWaiting(QStringLiteral("no canvas is open"));
     if (press)
-        post(canvas, QEvent::MouseButtonPress, held->points.first(), *held);
+        held->hand.press(canvas, held->points.first());
     for (int i = press ? 1 : 0; i < held->points.size(); ++i) {
         if (request.verb != QLatin1String("release"))
-            post(canvas, QEvent::MouseMove, held->points.at(i), *held);
+            held->hand.move(canvas, held->points.at(i));
     }
     if (release)
-        post(canvas, QEvent::MouseButtonRelease, held->points.last(), *held);
+        held->hand.release(canvas, held->points.last());
     return playActed();
 }
 

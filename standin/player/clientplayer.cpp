@@ -30,6 +30,7 @@ clientplayer::clientplayer(voiceclient* client)
     addHostVerbs(&verbs);
     addPeerVerbs(&verbs);
     addPointerVerbs(&verbs);
+    addStrokeVerbs(&verbs);
     retryTimer.setSingleShot(true);
     connect(&retryTimer, &QTimer::timeout, this, &clientplayer::attempt);
     connect(&input, &linereader::lineRead, this, &clientplayer::receive);

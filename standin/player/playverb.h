@@ -57,3 +57,4 @@ void addServerVerbs(verbtable* verbs);
 void addHostVerbs(verbtable* verbs);
 void addPeerVerbs(verbtable* verbs);
 void addPointerVerbs(verbtable* verbs);
+void addStrokeVerbs(verbtable* verbs);

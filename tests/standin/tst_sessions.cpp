@@ -1,5 +1,6 @@
 #include "programrun.h"
 
+#include "standin/director/paintinggroup.h"
 #include "standin/director/picturecompare.h"
 #include "standin/director/stage.h"
 
@@ -9,6 +10,8 @@
 #include <QJsonObject>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <algorithm>
 
 #define PLAY(player, line)                                                                                             \
     QVERIFY2((player)->ask(QStringLiteral(line)), qPrintable(QStringLiteral(line ": ") + (player)->problem()))
@@ -30,6 +33,7 @@ private slots:
     void twoConnectionsDoNotHearEachOther();
     void namesFromStrangersAreShownAsTheyAre();
     void aFloodingPainterIsCutShort();
+    void strokesAreFollowedFromTheMouseToAPeersWindow();
 
 private:
     static scriptplayer player(const char* name);
@@ -358,6 +362,20 @@ void tst_sessions::aFloodingPainterIsCutShort()
     PLAY(alice, "wait line \"You send too much\"");
     PLAY(alice, "close whiteboard");
     QVERIFY2(boards.endAll(&problem), qPrintable(problem));
+}
+
+void tst_sessions::strokesAreFollowedFromTheMouseToAPeersWindow()
+{
+    paintinggroup group(props());
+    QString problem;
+    QVERIFY2(group.open(3, &problem), qPrintable(problem));
+    for (const int painters : {1, 3, 3}) {
+        const std::optional<strokedelays> delays = group.paint(painters, 90, 1, &problem);
+        QVERIFY2(delays, qPrintable(problem));
+        QCOMPARE(delays->size(), 90);
+        QVERIFY(*std::min_element(delays->begin(), delays->end()) > 0);
+    }
+    QVERIFY2(group.close(&problem), qPrintable(problem));
 }
 
 QTEST_GUILESS_MAIN(tst_sessions)
