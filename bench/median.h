@@ -1,0 +1,12 @@
+#pragma once
+
+#include <algorithm>
+#include <vector>
+
+/// The value in the middle; there has to be one.
+inline double medianOf(std::vector<double> values)
+{
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
