@@ -102,8 +102,9 @@ void paintscene::savePicture(const QString& path)
     encoded.open(QIODevice::WriteOnly);
     const bool isEncoded = (hasBackground ? layers::merged(background, canvas) : canvas).save(&encoded, "PNG", -1);
     // Written beside the file and put in its place at the end: an export that breaks off must not take an older one
-    // with it.
+    // with it. Where no file may be made beside it the older one is written over.
     QSaveFile file(path);
+    file.setDirectWriteFallback(true);
     if (isEncoded && file.open(QIODevice::WriteOnly) && file.write(encoded.data()) == encoded.size()) {
         file.commit();
     }

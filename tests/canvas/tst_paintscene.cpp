@@ -13,6 +13,7 @@
 #include <limits>
 
 #include <sys/resource.h>
+#include <unistd.h>
 
 namespace {
 
@@ -53,6 +54,7 @@ private slots:
     void exportMergesTheBackground();
     void exportLeavesOutPreviewsAndOpenTexts();
     void aSaveThatFailsKeepsTheOldFile();
+    void aFileIsWrittenOverWhereNoNewOneMayBeMade();
     void aSaveIntoNowhereIsSilent();
 
     void sizesThatAreNotHeldAreHarmless_data();
@@ -317,6 +319,29 @@ void tst_paintscene::aSaveThatFailsKeepsTheOldFile()
     old.close();
     scene.savePicture(path);
     QCOMPARE(QImage(path).size(), QSize(200, 200));
+}
+
+void tst_paintscene::aFileIsWrittenOverWhereNoNewOneMayBeMade()
+{
+    paintscene scene(size.width(), size.height(), nullptr);
+    scene.setImage(QString(), false);
+    const QString path = directory->filePath("export.png");
+    QFile old(path);
+    QVERIFY(old.open(QIODevice::WriteOnly));
+    old.close();
+    QVERIFY(old.setPermissions(QFile::Permissions(0x6666)));
+    QVERIFY(QFile::setPermissions(directory->path(), QFile::Permissions(0x5555)));
+
+    // The superuser makes files anywhere, so that for once it is nobody.
+    const uid_t user = geteuid();
+    QCOMPARE(user == 0 ? seteuid(65534) : 0, 0);
+    const bool isClosed = !QFile(directory->filePath("new.png")).open(QIODevice::WriteOnly);
+    scene.savePicture(path);
+    QCOMPARE(seteuid(user), 0);
+
+    QVERIFY(QFile::setPermissions(directory->path(), QFile::Permissions(0x7700)));
+    QVERIFY(isClosed);
+    QCOMPARE(QImage(path).size(), size);
 }
 
 void tst_paintscene::aSaveIntoNowhereIsSilent()
