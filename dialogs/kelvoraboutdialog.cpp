@@ -2,6 +2,7 @@
 
 #include <QDesktopServices>
 #include <QEvent>
+#include <QLayout>
 #include <QMessageBox>
 #include <QUrl>
 
@@ -20,6 +21,14 @@ kelvoraboutdialog::kelvoraboutdialog(QWidget* parent)
     qtlabel->installEventFilter(this);
     donatelabel->installEventFilter(this);
     connect(teamspeaklabel, &QLabel::linkActivated, this, &kelvoraboutdialog::onLink);
+}
+
+void kelvoraboutdialog::showEvent(QShowEvent* event)
+{
+    // The label that wraps keeps the layout from asking for the height that large letters need.
+    const int leastWidth = qMax(width(), layout()->minimumSize().width());
+    resize(leastWidth, qMax(height(), layout()->minimumHeightForWidth(leastWidth)));
+    QDialog::showEvent(event);
 }
 
 void kelvoraboutdialog::onLink(QString url) { QDesktopServices::openUrl(QUrl(url)); }

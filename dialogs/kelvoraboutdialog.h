@@ -14,6 +14,7 @@ public:
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private slots:
     void onLink(QString url);

@@ -16,6 +16,7 @@
 #include <QFileInfo>
 #include <QSlider>
 #include <QStatusBar>
+#include <QToolBar>
 
 namespace {
 
@@ -45,6 +46,7 @@ void whiteboard::showColor()
     QImage image(16, 16, QImage::Format_ARGB32_Premultiplied);
     image.fill(currentColor);
     coloraction->setIcon(QPixmap::fromImage(image));
+    actionbar->widgetForAction(coloraction)->setAccessibleDescription(currentColor.name());
 }
 
 void whiteboard::onColorButtonClicked()

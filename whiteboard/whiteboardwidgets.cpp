@@ -63,6 +63,8 @@ QAction* whiteboard::addToActionBar(const QIcon& icon, const char* text, void (w
 {
     QAction* action = actionbar->addAction(icon, QString::fromLatin1(text));
     connect(action, &QAction::triggered, this, slot, connection);
+    // By the keyboard, too; a click leaves the keyboard with the canvas.
+    actionbar->widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
     return action;
 }
 
@@ -133,6 +135,8 @@ void whiteboard::buildCenter(const QSize& canvas)
     scrollarea->setBackgroundRole(QPalette::Dark);
     scene = new paintscene(canvas.width(), canvas.height(), scrollarea);
     scene->setMaximumSize(canvas);
+    scene->setAccessibleName(QString::fromLatin1("Picture"));
+    scrollarea->setAccessibleName(QString::fromLatin1("Area of the picture"));
     scrollarea->setWidget(scene);
     connect(scene, &paintscene::paintDataAvailable, this, &whiteboard::sendPaintData);
     connect(scene, &paintscene::extendedPaintDataAvailable, this, &whiteboard::sendExtendedPaintData);

@@ -96,7 +96,7 @@ private slots:
         QTest::newRow("soundedit") << QByteArray("text") << ""
                                    << "";
         QTest::newRow("soundbutton") << QByteArray("text") << "..."
-                                     << "";
+                                     << "Load";
         QTest::newRow("awaycheckbox") << QByteArray("text") << "Automatically reject if away"
                                       << "";
         QTest::newRow("activecheckbox") << QByteArray("text") << "Show only invites from active tab"

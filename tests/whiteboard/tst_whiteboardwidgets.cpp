@@ -53,6 +53,7 @@ private slots:
     void canvasIsInViewAndHasTheFocus();
     void clickOnTheCanvasBringsTheKeysBack();
     void tabGoesThroughTheControls();
+    void actionsWorkByKeysAndAClickLeavesTheKeysWithTheCanvas();
     void sizesThatCannotBeHeldOpenWithoutACanvas_data();
     void sizesThatCannotBeHeldOpenWithoutACanvas();
 
@@ -306,8 +307,13 @@ void tst_whiteboardwidgets::tabGoesThroughTheControls()
     whiteboard* window = fixture->openHost({2});
     window->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(window));
-    window->findChild<QSlider*>()->setFocus();
-    QList<QWidget*> expected{window->findChild<QDoubleSpinBox*>()};
+    QList<QWidget*> expected;
+    const QList<QAction*> actions = actionBar(window)->actions();
+    for (QAction* action : actions) {
+        if (!action->isSeparator())
+            expected.append(actionBar(window)->widgetForAction(action));
+    }
+    expected.takeFirst()->setFocus();
     const QList<QToolButton*> buttons = toolButtons(window);
     for (QToolButton* button : buttons)
         expected.append(button);
@@ -316,6 +322,20 @@ void tst_whiteboardwidgets::tabGoesThroughTheControls()
         QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
         QCOMPARE(window->focusWidget(), widget);
     }
+}
+
+void tst_whiteboardwidgets::actionsWorkByKeysAndAClickLeavesTheKeysWithTheCanvas()
+{
+    whiteboard* window = fixture->openHost({2});
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window));
+    QWidget* button = actionBar(window)->widgetForAction(action(window, "Invert pixels"));
+    QTest::mouseClick(button, Qt::LeftButton);
+    QCOMPARE(pixel(window, 10, 10), QColor(Qt::black).rgba());
+    QVERIFY(canvasOf(window)->hasFocus());
+    button->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(button, Qt::Key_Space);
+    QCOMPARE(pixel(window, 10, 10), QColor(Qt::white).rgba());
 }
 
 void tst_whiteboardwidgets::sizesThatCannotBeHeldOpenWithoutACanvas_data()
