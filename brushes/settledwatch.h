@@ -11,6 +11,9 @@ class QPainter;
 /// less and less often.
 class settledwatch {
 public:
+    /// So many times the picture's pixels are painted before the first look, which costs about as much as two of them.
+    static constexpr int firstLook = 6;
+
     /// Watches the picture that the painter is open on; the painter's pen and mode must stay what they are.
     explicit settledwatch(QPainter* painter);
     /// Takes the clip away again.
@@ -24,6 +27,7 @@ public:
 private:
     bool clipToUnsettled();
     bool isSettled(const QRect& part) const;
+    bool staysAsItIs(const QRect& part) const;
 
     QPainter* painter;
     const QImage* picture;

@@ -16,9 +16,6 @@ namespace {
 constexpr int groupSize = 16;
 constexpr double groupWidth = 400;
 
-/// The batches that a participant's window sends, 20 points, have fewer shapes, and are painted without a look at them.
-constexpr int fewestWatched = 40;
-
 /// Up to this distance from the origin the toolkit rasterises a path as it stands. One that reaches further is clipped
 /// by arithmetic first, and several shapes clipped together can give other pixels than each by itself.
 constexpr double clipDistance = 32000;
@@ -85,13 +82,10 @@ private:
     template <typename Shape> void drawGroup(const Shape* shapes, int count)
     {
         drawShapes(painter, shapes, count);
-        drawn += count;
         for (const Shape* shape = shapes; shape != shapes + count; ++shape) {
             const QRectF touched = boundsOf(*shape).intersected(picture);
             pixels += touched.width() * touched.height();
         }
-        if (drawn < fewestWatched)
-            return;
         settled = watch.settledAfter(static_cast<qint64>(pixels));
         pixels = 0;
     }
@@ -101,7 +95,6 @@ private:
     QRectF picture;
     double reach;
     int atOnce;
-    int drawn = 0;
     double pixels = 0; ///< what was painted and not told to the watch
     bool settled = false;
 };

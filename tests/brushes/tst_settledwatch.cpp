@@ -8,14 +8,17 @@
 
 namespace {
 
-/// Whether the watch calls this canvas settled for strokes of the colour, after as much painting as it waits for.
+/// As much painting as the watch waits for.
+qint64 enoughFor(const QImage& canvas) { return settledwatch::firstLook * qint64(canvas.width()) * canvas.height(); }
+
+/// Whether the watch calls this canvas settled for strokes of the colour, once it looks.
 bool settled(QImage canvas, const QColor& color, QPainter::CompositionMode mode = QPainter::CompositionMode_SourceOver)
 {
     QPainter painter(&canvas);
     painter.setPen(literal::strokePen(color, 5));
     painter.setCompositionMode(mode);
     settledwatch watch(&painter);
-    return watch.settledAfter(qint64(canvas.width()) * canvas.height());
+    return watch.settledAfter(enoughFor(canvas));
 }
 
 QImage filled(QRgb pixel)
@@ -86,7 +89,7 @@ void tst_settledwatch::looksOnlyAfterEnoughPainting()
     QPainter painter(&canvas);
     painter.setPen(literal::strokePen(Qt::red, 5));
     settledwatch watch(&painter);
-    const qint64 pixels = qint64(canvas.width()) * canvas.height();
+    const qint64 pixels = enoughFor(canvas);
     QVERIFY(!watch.settledAfter(pixels / 2));
     QVERIFY(!watch.settledAfter(pixels / 2 - 1));
     QVERIFY(watch.settledAfter(1));
@@ -98,11 +101,11 @@ void tst_settledwatch::looksLessAndLessOften()
     QPainter painter(&canvas);
     painter.setPen(literal::strokePen(Qt::red, 5));
     settledwatch watch(&painter);
-    const qint64 pixels = qint64(canvas.width()) * canvas.height();
+    const qint64 pixels = enoughFor(canvas);
     QVERIFY(!watch.settledAfter(pixels));
     painter.fillRect(canvas.rect(), Qt::red);
-    QVERIFY(!watch.settledAfter(pixels));
-    QVERIFY(watch.settledAfter(100 * pixels));
+    QVERIFY(!watch.settledAfter(pixels - 1));
+    QVERIFY(watch.settledAfter(1));
 }
 
 void tst_settledwatch::settledPartsAreLeftOutOfTheClip()
@@ -112,7 +115,7 @@ void tst_settledwatch::settledPartsAreLeftOutOfTheClip()
     painter.fillRect(QRect(0, 0, 250, 300), Qt::red);
     painter.setPen(literal::strokePen(Qt::red, 5));
     settledwatch watch(&painter);
-    QVERIFY(!watch.settledAfter(400 * 300));
+    QVERIFY(!watch.settledAfter(enoughFor(canvas)));
     const QRegion clip = painter.clipRegion();
     QVERIFY(!clip.contains(QPoint(100, 150)));
     // Whatever is not red yet can still be painted.
@@ -126,7 +129,7 @@ void tst_settledwatch::outermostPixelsStayInTheClip()
     QPainter painter(&canvas);
     painter.setPen(literal::strokePen(Qt::red, 5));
     settledwatch watch(&painter);
-    QVERIFY(!watch.settledAfter(qint64(canvas.width()) * canvas.height()));
+    QVERIFY(!watch.settledAfter(enoughFor(canvas)));
     QCOMPARE(painter.clipRegion().boundingRect(), canvas.rect());
     QVERIFY(!painter.clipRegion().contains(QPoint(100, 20)));
 }
@@ -138,7 +141,7 @@ void tst_settledwatch::clipIsTakenAwayInTheEnd()
     painter.setPen(literal::strokePen(Qt::red, 5));
     {
         settledwatch watch(&painter);
-        QVERIFY(watch.settledAfter(qint64(canvas.width()) * canvas.height()));
+        QVERIFY(watch.settledAfter(enoughFor(canvas)));
         QVERIFY(painter.hasClipping());
     }
     QVERIFY(!painter.hasClipping());
