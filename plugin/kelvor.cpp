@@ -51,8 +51,11 @@ kelvor::~kelvor()
 
 void kelvor::createMenu()
 {
-    if (!mainWindow)
+    if (!mainWindow) {
         mainWindow = hostmenu::findMainWindow();
+        if (mainWindow)
+            connect(mainWindow.data(), &QObject::destroyed, this, &kelvor::onMainWindowGone);
+    }
     QMenu* menu = hostmenu::findToolsMenu(mainWindow);
     if (!menu) {
         // By text: a member pointer would leave code of this library in the toolkit's timer after an unload.

@@ -67,6 +67,9 @@ public slots:
     void onStart(uint64 schid, int width, int height, uint64 channel, bool background, uint64 size, QString path,
                  anyID sender);
 
+private slots:
+    void onMainWindowGone();
+
 private:
     void loadConfig();
     void saveConfig();

@@ -187,6 +187,17 @@ void kelvor::onWhiteboardClosed(uint64 schid)
     whiteboards.remove(schid);
 }
 
+// The window takes the lobbies before it along without a word, so they end first, as if their users had closed them.
+void kelvor::onMainWindowGone()
+{
+    const QList<invitationdialog*> lobbies = invitations.values();
+    for (invitationdialog* lobby : lobbies) {
+        if (!windows.isEnding(lobby))
+            lobby->reject();
+    }
+    windows.freeEnding();
+}
+
 void kelvor::leaveLobbies()
 {
     for (auto entry = invitations.cbegin(); entry != invitations.cend(); ++entry) {

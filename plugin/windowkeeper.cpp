@@ -6,6 +6,14 @@ void windowkeeper::keep(QWidget* window)
     windows.append(window);
 }
 
+void windowkeeper::freeEnding()
+{
+    for (const QPointer<QWidget>& window : qAsConst(windows)) {
+        if (isEnding(window) && window)
+            window->setParent(nullptr);
+    }
+}
+
 void windowkeeper::deleteAll()
 {
     const QList<QPointer<QWidget>> left = windows;

@@ -18,6 +18,9 @@ public:
     /// Compares addresses only, so that it may be asked of a window that is gone.
     bool isEnding(const QWidget* window) const { return ending.contains(window); }
 
+    /// Takes the windows that are ending off their parents, which would delete them too early.
+    void freeEnding();
+
     /// Deletes all that is left, but for windows that are ending.
     void deleteAll();
 

@@ -75,5 +75,6 @@ void kelvor::startWhiteboard() { }
 void kelvor::onInviteFinishedHost(int, uint64) { }
 void kelvor::onInviteFinishedInvited(int, uint64) { }
 void kelvor::onWhiteboardClosed(uint64) { }
+void kelvor::onMainWindowGone() { }
 void kelvor::onInvited(uint64, anyID) { }
 void kelvor::onStart(uint64, int, int, uint64, bool, uint64, QString, anyID) { }
