@@ -93,7 +93,7 @@ void connectiontab::followConnection()
     connect(connection, &voiceconnection::ready, this, [this] {
         addLine(QStringLiteral("Welcome to %1, %2.").arg(connection->title(), nameOf(connection->ownID())));
         if (!client->keyword().isEmpty())
-            addLine(QStringLiteral("To paint with others: menu Tools, Kelvor, or type /kelvor open"));
+            addLine(QStringLiteral("To paint: menu Tools, Kelvor, or type /kelvor open"));
     });
     connect(connection, &voiceconnection::noticed, this, &connectiontab::addLine);
     connect(connection, &voiceconnection::chatReceived, this,

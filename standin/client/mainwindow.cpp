@@ -6,6 +6,7 @@
 
 #include <QCloseEvent>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QStatusBar>
@@ -14,10 +15,13 @@
 MainWindow::MainWindow(voiceclient* client)
     : client(client)
     , tabs(new QTabWidget)
+    , pluginState(new QLabel)
 {
     setWindowTitle(QStringLiteral("%1 - Voice client").arg(client->nickname().simplified().left(60)));
     tabs->setDocumentMode(true);
     setCentralWidget(tabs);
+    // No message of the bar: those go when a menu opens.
+    statusBar()->addWidget(pluginState);
     makeMenus();
     // Wide enough that no menu hides behind the arrow at the end of the bar.
     setMinimumWidth(menuBar()->sizeHint().width());
@@ -55,7 +59,7 @@ void MainWindow::showPluginState(bool running)
 {
     settingsAction->setEnabled(running);
     unloadAction->setEnabled(running);
-    statusBar()->showMessage(running ? client->pluginTitle() : QStringLiteral("No plugin is loaded."));
+    pluginState->setText(client->pluginTitle());
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

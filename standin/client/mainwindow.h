@@ -2,6 +2,7 @@
 
 #include <QMainWindow>
 
+class QLabel;
 class QTabWidget;
 class connectiontab;
 class voiceclient;
@@ -41,6 +42,7 @@ private:
 
     voiceclient* const client;
     QTabWidget* const tabs;
+    QLabel* const pluginState;
     QAction* awayAction = nullptr;
     QAction* settingsAction = nullptr;
     QAction* unloadAction = nullptr;

@@ -18,6 +18,8 @@ void onSignal(int)
     static_cast<void>(written);
 }
 
+constexpr int ends[] = {SIGINT, SIGTERM, SIGHUP};
+
 } // namespace
 
 endsignals::endsignals(QObject* parent)
@@ -27,14 +29,17 @@ endsignals::endsignals(QObject* parent)
         return;
     notifier = new QSocketNotifier(pipeEnds[0], QSocketNotifier::Read, this);
     connect(notifier, &QSocketNotifier::activated, this, &endsignals::wake);
-    std::signal(SIGINT, onSignal);
-    std::signal(SIGTERM, onSignal);
+    for (const int number : ends) {
+        // Whoever started the program with nohup wants it to outlive the terminal.
+        if (std::signal(number, onSignal) == SIG_IGN && number == SIGHUP)
+            std::signal(number, SIG_IGN);
+    }
 }
 
 endsignals::~endsignals()
 {
-    std::signal(SIGINT, SIG_DFL);
-    std::signal(SIGTERM, SIG_DFL);
+    for (const int number : ends)
+        std::signal(number, SIG_DFL);
     for (int& end : pipeEnds) {
         if (end >= 0)
             ::close(end);

@@ -4,8 +4,8 @@
 
 class QSocketNotifier;
 
-/// SIGINT and SIGTERM as an event, so that a program ends through its event loop and leaves nothing behind. One lives a
-/// process.
+/// SIGINT, SIGTERM and SIGHUP (the terminal was closed) as an event, so that a program ends through its event loop and
+/// leaves nothing behind. One lives a process.
 class endsignals : public QObject {
     Q_OBJECT
 

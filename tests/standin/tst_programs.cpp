@@ -201,6 +201,7 @@ void tst_programs::signalsEndWell_data()
     QTest::addColumn<int>("number");
     QTest::newRow("interrupt") << SIGINT;
     QTest::newRow("terminate") << SIGTERM;
+    QTest::newRow("terminal closed") << SIGHUP;
 }
 
 void tst_programs::signalsEndWell()
