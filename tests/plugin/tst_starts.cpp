@@ -8,12 +8,16 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
+#include <QTreeWidget>
 
-/// Starts that come in time, too early, from others, or not at all, and what of them a guest's window is made of.
+/// The start that a host sends, those that come to a guest in time, too early, from others, or not at all, and what of
+/// them the guest's window is made of.
 class tst_starts : public QObject {
     Q_OBJECT
 
 private slots:
+    void aHostOpensWhateverTheStatusOfTheConnection();
+    void theStartLeavesOnceTheHostsWindowStands();
     void theStartOfTheHostReplacesThatOfAnother();
     void theNewestStartIsUsed();
     void aUsedStartIsForgotten();
@@ -31,6 +35,10 @@ private:
 namespace {
 
 const QByteArray inviteFromAnn("\x01 2 2");
+
+// The client's own function behind the one that counts the windows at each message.
+decltype(TS3Functions::sendPluginCommand) send = nullptr;
+int boardsAtTheLastMessage = 0;
 
 } // namespace
 
@@ -58,6 +66,43 @@ QList<QSize> tst_starts::sizesOfBoards()
     for (const whiteboard* board : boards)
         sizes.append(board->findChild<paintscene*>()->picture().size());
     return sizes;
+}
+
+// Only whether it can be asked for counts.
+void tst_starts::aHostOpensWhateverTheStatusOfTheConnection()
+{
+    controllerfixture fixture;
+    TS3Functions table = fixture.host.table();
+    table.getConnectionStatus = [](uint64, int* status) {
+        *status = STATUS_DISCONNECTED;
+        return static_cast<unsigned int>(ERROR_ok);
+    };
+    fixture.controller = std::make_unique<kelvor>(table);
+    fixture.controller->openSession(1);
+    QCOMPARE(fixture.controller->stateOf(1), session_hosting);
+}
+
+void tst_starts::theStartLeavesOnceTheHostsWindowStands()
+{
+    controllerfixture fixture;
+    TS3Functions table = fixture.host.table();
+    send = table.sendPluginCommand;
+    table.sendPluginCommand = [](auto... arguments) {
+        boardsAtTheLastMessage = controllerfixture::boards().size();
+        send(arguments...);
+    };
+    fixture.controller = std::make_unique<kelvor>(table);
+    fixture.controller->setPluginCommandID("id");
+    fixture.controller->openSession(1);
+    invitationdialog* lobby = controllerfixture::lobbies().first();
+    lobby->findChild<QTreeWidget*>(QString::fromLatin1("tree"))->selectAll();
+    lobby->invite();
+    fixture.receive("\x0d 2");
+    QCOMPARE(boardsAtTheLastMessage, 0);
+    fixture.host.takeSent();
+    lobby->accept();
+    QCOMPARE(fixture.host.takeTexts(), QList<QByteArray>{"\x10 1 640 320 0 false 0 "});
+    QCOMPARE(boardsAtTheLastMessage, 1);
 }
 
 void tst_starts::theStartOfTheHostReplacesThatOfAnother()
