@@ -1,7 +1,7 @@
 # Settings that every target of the project shares, and the two functions by which folders and tests declare themselves.
 
 add_library(kelvor_settings INTERFACE)
-target_compile_options(kelvor_settings INTERFACE -Wall -Wextra)
+target_compile_options(kelvor_settings INTERFACE -Wall -Wextra -Wconversion)
 target_compile_definitions(kelvor_settings INTERFACE
   KELVOR_HOST_INTERFACE=${KELVOR_HOST_INTERFACE}
   QT_NO_FOREACH
