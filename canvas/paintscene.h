@@ -59,8 +59,7 @@ public:
     void grayscale(bool send, const QString& data);
     void floodFill(const QPoint& pos, const QColor& color);
 
-    /// The layer that is painted on.
-    const QImage& picture() const { return canvas; }
+    const QImage& picture() const { return canvas; } ///< the layer that is painted on
 
 signals:
     void paintDataAvailable(kelvortool tool, QList<QPoint> points);
@@ -111,12 +110,10 @@ private:
     qreal thickness = 1.0;
     QList<QPoint> points;
     bool fillRunning = false;
-
     bool opened = false; ///< setImage was called
     bool backgroundCovers = false; ///< the background leaves nothing of the paper below it to be seen
     kelvortool pathTool = kelvortool::notool; ///< the path tool that painted last, and where it stood then
     QPoint pathEnd;
-    kelvortool cursorTool =
-        kelvortool::airbrush; ///< what the cursor was made for; the airbrush, with none, for nothing
+    kelvortool cursorTool = kelvortool::airbrush; ///< what the cursor was made for; the airbrush has none
     qreal cursorThickness = 0;
 };
