@@ -192,6 +192,9 @@ void tst_picturefile::largerPicturesAreRefused_data()
     QTest::addColumn<QByteArray>("content");
     QTest::newRow("one row more") << blankPng(8000, 8001);
     QTest::newRow("30000 by 30000") << blankPng(30000, 30000);
+    // A few pixels of a screen of 15362 by 9075.
+    QTest::newRow("GIF with a small frame on a large screen")
+        << QByteArray::fromHex("474946383961023c73230002002c00000010020002000002020c0a3c2f7376673e003b");
     // Declared only: there is nothing behind the header.
     QTest::newRow("as wide and high as can be told") << blankPng(1, 1).replace(
         8, 25, pngChunk("IHDR", bigEndian(0x7fffffff) + bigEndian(0x7fffffff) + QByteArray("\x01\x00\x00\x00\x00", 5)));
