@@ -5,11 +5,14 @@
 #include <QColor>
 #include <QEvent>
 #include <QList>
+#include <QMetaType>
 #include <QObject>
 #include <QPoint>
 #include <QString>
 
 #include <functional>
+
+Q_DECLARE_METATYPE(kelvortool)
 
 /// A paint message as the window would put it on the wire: a stroke with the colour and the width that the window has
 /// at that moment, or a tool with its string.

@@ -1,43 +1,21 @@
-#include "canvas/paintscene.h"
-
-#include "literalpixels.h"
+#include "picturetest.h"
 #include "randompictures.h"
-#include "repaintwatch.h"
 #include "scenehand.h"
 #include "warningcount.h"
 
-#include <QTemporaryDir>
-#include <QtTest>
-
-#include <csignal>
 #include <limits>
-
-#include <sys/resource.h>
-#include <unistd.h>
 
 namespace {
 
-constexpr QRgb white = 0xffffffff;
-constexpr QRgb red = 0xffff0000;
-constexpr QRgb unpainted = 0x00ffffff;
-
 constexpr int most = std::numeric_limits<int>::max();
-
-const QSize size(60, 40);
-
-QImage filled(const QSize& size, QRgb value)
-{
-    QImage image(size, QImage::Format_ARGB32);
-    image.fill(value);
-    return image;
-}
 
 } // namespace
 
-class tst_paintscene : public QObject {
+/// The canvas as it is opened: its layers, its size, and what its setters take.
+class tst_paintscene : public picturetest {
     Q_OBJECT
 private slots:
-    void init();
+    void init() { QVERIFY(begin()); }
 
     void aBlankSceneIsWhiteAndErasesToWhite();
     void anEmptyPathLeavesTheMode();
@@ -50,13 +28,6 @@ private slots:
     void theModeIsTakenOverFromAFileThatCannotBeRead();
     void aPictureBeyondWhatIsHeldIsNotRead();
 
-    void exportWritesTheCanvas();
-    void exportMergesTheBackground();
-    void exportLeavesOutPreviewsAndOpenTexts();
-    void aSaveThatFailsKeepsTheOldFile();
-    void aFileIsWrittenOverWhereNoNewOneMayBeMade();
-    void aSaveIntoNowhereIsSilent();
-
     void sizesThatAreNotHeldAreHarmless_data();
     void sizesThatAreNotHeldAreHarmless();
 
@@ -64,25 +35,7 @@ private slots:
     void theWidgetIsSetUpToPaintAllOfItself();
     void everyWidthIsTaken_data();
     void everyWidthIsTaken();
-
-private:
-    QString fileWith(const QImage& image);
-
-    QScopedPointer<QTemporaryDir> directory;
-    int files = 0;
 };
-
-void tst_paintscene::init()
-{
-    directory.reset(new QTemporaryDir);
-    QVERIFY(directory->isValid());
-}
-
-QString tst_paintscene::fileWith(const QImage& image)
-{
-    const QString path = directory->filePath(QString("picture%1.png").arg(++files));
-    return image.save(path, "PNG") ? path : QString();
-}
 
 void tst_paintscene::aBlankSceneIsWhiteAndErasesToWhite()
 {
@@ -239,121 +192,6 @@ void tst_paintscene::aPictureBeyondWhatIsHeldIsNotRead()
     paintscene scene(size.width(), size.height(), nullptr);
     scene.setImage(file.fileName(), false);
     QVERIFY(scene.picture() == filled(size, white));
-}
-
-void tst_paintscene::exportWritesTheCanvas()
-{
-    QRandomGenerator random(2);
-    const QImage picture = randompictures::make(random, QSize(33, 44), randompictures::kind::mixed);
-    paintscene scene(size.width(), size.height(), nullptr);
-    scene.setImage(fileWith(picture), false);
-    // The name does not decide the format.
-    const QString path = directory->filePath("export.jpg");
-    scene.savePicture(path);
-    QImage expected = picture;
-    literal::normalise(expected);
-    QCOMPARE(QImage(path, "PNG").convertToFormat(QImage::Format_ARGB32), expected);
-}
-
-void tst_paintscene::exportMergesTheBackground()
-{
-    QRandomGenerator random(3);
-    const QImage background = randompictures::make(random, QSize(50, 70), randompictures::kind::opaque);
-    paintscene scene(size.width(), size.height(), nullptr);
-    scene.setImage(fileWith(background), true);
-    scene.applyDraw(static_cast<char>(kelvortool::line), Qt::red, 9, {QPoint(0, 0), QPoint(60, 40)});
-    const QString path = directory->filePath("export.png");
-    scene.savePicture(path);
-    const QImage expected = literal::merged(background, scene.picture());
-    QCOMPARE(QImage(path).convertToFormat(QImage::Format_ARGB32), expected.convertToFormat(QImage::Format_ARGB32));
-    QCOMPARE(QImage(path).size(), size);
-    QCOMPARE(QImage(path).pixel(20, 13), red);
-    QCOMPARE(QImage(path).pixel(40, 5), background.pixel(40, 5));
-}
-
-void tst_paintscene::exportLeavesOutPreviewsAndOpenTexts()
-{
-    paintscene scene(size.width(), size.height(), nullptr);
-    scene.setImage(QString(), false);
-    scenehand hand(scene);
-    hand.take(kelvortool::text, Qt::red, 3);
-    hand.drag({QPoint(5, 5), QPoint(50, 30)});
-    hand.type("open");
-    const QString path = directory->filePath("export.png");
-    scene.savePicture(path);
-    QCOMPARE(QImage(path).convertToFormat(QImage::Format_ARGB32), filled(size, white));
-    hand.take(kelvortool::rect, Qt::red, 3);
-    hand.press(QPoint(5, 5));
-    hand.move(QPoint(30, 30));
-    scene.savePicture(path);
-    QCOMPARE(QImage(path).convertToFormat(QImage::Format_ARGB32), filled(size, white));
-}
-
-void tst_paintscene::aSaveThatFailsKeepsTheOldFile()
-{
-    QRandomGenerator random(4);
-    paintscene scene(size.width(), size.height(), nullptr);
-    const QString picture = fileWith(randompictures::make(random, QSize(200, 200), randompictures::kind::mixed));
-    scene.setImage(picture, false);
-    const QString path = directory->filePath("export.png");
-    QFile old(path);
-    QVERIFY(old.open(QIODevice::WriteOnly));
-    old.write("what was there");
-    old.close();
-    const QStringList before = QDir(directory->path()).entryList(QDir::AllEntries | QDir::Hidden);
-
-    // As on a full disk: no file may grow beyond a kilobyte.
-    rlimit usual{};
-    QCOMPARE(getrlimit(RLIMIT_FSIZE, &usual), 0);
-    const auto formerHandler = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit small = usual;
-    small.rlim_cur = 1024;
-    QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
-    scene.savePicture(path);
-    QCOMPARE(setrlimit(RLIMIT_FSIZE, &usual), 0);
-    std::signal(SIGXFSZ, formerHandler);
-
-    QVERIFY(old.open(QIODevice::ReadOnly));
-    QCOMPARE(old.readAll(), QByteArray("what was there"));
-    QCOMPARE(QDir(directory->path()).entryList(QDir::AllEntries | QDir::Hidden), before);
-    old.close();
-    scene.savePicture(path);
-    QCOMPARE(QImage(path).size(), QSize(200, 200));
-}
-
-void tst_paintscene::aFileIsWrittenOverWhereNoNewOneMayBeMade()
-{
-    paintscene scene(size.width(), size.height(), nullptr);
-    scene.setImage(QString(), false);
-    const QString path = directory->filePath("export.png");
-    QFile old(path);
-    QVERIFY(old.open(QIODevice::WriteOnly));
-    old.close();
-    QVERIFY(old.setPermissions(QFile::Permissions(0x6666)));
-    QVERIFY(QFile::setPermissions(directory->path(), QFile::Permissions(0x5555)));
-
-    // The superuser makes files anywhere, so that for once it is nobody.
-    const uid_t user = geteuid();
-    QCOMPARE(user == 0 ? seteuid(65534) : 0, 0);
-    const bool isClosed = !QFile(directory->filePath("new.png")).open(QIODevice::WriteOnly);
-    scene.savePicture(path);
-    QCOMPARE(seteuid(user), 0);
-
-    QVERIFY(QFile::setPermissions(directory->path(), QFile::Permissions(0x7700)));
-    QVERIFY(isClosed);
-    QCOMPARE(QImage(path).size(), size);
-}
-
-void tst_paintscene::aSaveIntoNowhereIsSilent()
-{
-    const warningcount warnings;
-    paintscene scene(size.width(), size.height(), nullptr);
-    scene.setImage(QString(), false);
-    scene.savePicture(directory->filePath("absent/export.png"));
-    scene.savePicture(directory->path());
-    scene.savePicture(QString());
-    QVERIFY(QDir(directory->path()).isEmpty());
-    QCOMPARE(warnings.count(), 0);
 }
 
 void tst_paintscene::sizesThatAreNotHeldAreHarmless_data()

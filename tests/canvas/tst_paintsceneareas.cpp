@@ -7,8 +7,6 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-Q_DECLARE_METATYPE(kelvortool)
-
 namespace {
 
 constexpr QRgb white = 0xffffffff;
