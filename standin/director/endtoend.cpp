@@ -25,6 +25,7 @@ struct figures {
     double sustained = 0;
     strokedelays calm; ///< one participant paints
     strokedelays busy; ///< all paint at half of the sustained pace
+    double processorTime = 0; ///< that a stroke then costs all processes together, in milliseconds
 };
 
 void say(const QString& text)
@@ -57,7 +58,9 @@ public:
         reason = error;
         found.calm = paint(1, calmPace, calmSeconds);
         found.sustained = sustainedPace();
+        const double before = group->processorTime();
         found.busy = paint(participants, qMax(firstPace, found.sustained) / 2, seconds);
+        found.processorTime = (group->processorTime() - before) * 1000 / qMax(1, found.busy.size());
         return error->isEmpty();
     }
     const figures& result() const { return found; }
@@ -136,11 +139,13 @@ bool measure(const stageprops& props, int participants, double seconds, QString*
     if (!group.open(participants, error) || !measured.run(error) || !group.close(error))
         return false;
     const figures& found = measured.result();
-    say(QStringLiteral("| %1 | %2 | %3 | %4 | %5 | %6 |")
+    say(QStringLiteral("| %1 | %2 | %3 | %4 | %5 | %6 | %7 |")
             .arg(participants)
             .arg(found.sustained, 0, 'f', 0)
             .arg(found.sustained * (participants - 1), 0, 'f', 0)
-            .arg(inMilliseconds(found.calm), inMilliseconds(found.busy), loadBefore));
+            .arg(inMilliseconds(found.calm), inMilliseconds(found.busy))
+            .arg(found.processorTime, 0, 'f', 2)
+            .arg(loadBefore));
     return true;
 }
 
@@ -172,8 +177,8 @@ int main(int argc, char* argv[])
     props.plugins = QStringList{parser.text(QStringLiteral("plugin"))};
     say(QStringLiteral("%1 processors\n").arg(QThread::idealThreadCount()));
     say(QStringLiteral("| participants | strokes/s sustained | messages/s delivered | calm: median ms | 99 % ms | half "
-                       "load: median ms | 99 % ms | load average before |"));
-    say(QStringLiteral("|---|---|---|---|---|---|---|---|"));
+                       "load: median ms | 99 % ms | processor ms a stroke | load average before |"));
+    say(QStringLiteral("|---|---|---|---|---|---|---|---|---|"));
     for (const int participants : groups) {
         QTextStream(stderr) << "Measuring " << participants << " participants, which takes one to three minutes ...\n";
         QString problem;

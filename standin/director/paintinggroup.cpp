@@ -2,8 +2,12 @@
 
 #include "performance.h"
 
+#include <QFile>
+
 #include <algorithm>
 #include <cmath>
+
+#include <unistd.h>
 
 namespace {
 
@@ -33,6 +37,17 @@ QVector<qint64> timesIn(const QString& answer)
     for (const QString& text : texts)
         times.append(text.toLongLong());
     return times;
+}
+
+// Of all threads of a process, in seconds: the fields 14 and 15, counted behind the name, which may hold blanks.
+double processorTimeOf(const playedprocess& process)
+{
+    QFile file(QStringLiteral("/proc/%1/stat").arg(process.id()));
+    if (!file.open(QIODevice::ReadOnly))
+        return 0;
+    const QByteArray text = file.readAll();
+    const QList<QByteArray> fields = text.mid(text.lastIndexOf(')') + 2).split(' ');
+    return (fields.value(11).toDouble() + fields.value(12).toDouble()) / double(::sysconf(_SC_CLK_TCK));
 }
 
 } // namespace
@@ -84,6 +99,14 @@ std::optional<strokedelays> paintinggroup::paint(int painters, double pace, doub
     for (const auto& stroke : qAsConst(strokes))
         delays.append(stroke.second);
     return clear(error) ? std::optional<strokedelays>(delays) : std::nullopt;
+}
+
+double paintinggroup::processorTime() const
+{
+    double sum = processorTimeOf(*boards.server());
+    for (const auto& client : boards.clients())
+        sum += processorTimeOf(*client);
+    return sum;
 }
 
 bool paintinggroup::tell(int participant, const QString& command, QString* error, QString* answer) const

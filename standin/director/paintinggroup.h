@@ -24,6 +24,8 @@ public:
     /// Lets the first painters of them paint, pace strokes a second in all, and takes each stroke's time at one peer.
     /// Leaves white canvases behind. Empty, with the reason, when the strokes did not all arrive.
     std::optional<strokedelays> paint(int painters, double pace, double seconds, QString* error);
+    /// What server and clients have used so far, in seconds.
+    double processorTime() const;
     bool close(QString* error) { return boards.endAll(error); }
 
     /// How many strokes find room on the canvas at a time.

@@ -24,6 +24,7 @@ public:
     ~playedprocess() override;
 
     QString name() const { return ownName; }
+    qint64 id() const { return process.processId(); }
     bool isRunning() const { return process.state() != QProcess::NotRunning; }
 
     /// The next line that the program says; empty when it ends, time runs out or interrupt() is called meanwhile.

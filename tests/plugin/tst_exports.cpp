@@ -27,6 +27,7 @@ private slots:
     void aTransferNamesItsConnectionLast();
     void thePluginsIdIsHandedOn();
     void commandsOfPeersAreHandedOn();
+    void onlyTheNewerInterfaceTakesThePlatformOffThePluginsName();
 
 private:
     static void callEverything();
@@ -202,6 +203,16 @@ void tst_exports::commandsOfPeersAreHandedOn()
     QCOMPARE(
         recordedcontroller::takeCalls(),
         (calls{"handlePluginCommand(1, \"kelvor\", \"\x0d 2\")", "handlePluginCommand(1, \"other\", \"\x0d 2\")"}));
+}
+
+void tst_exports::onlyTheNewerInterfaceTakesThePlatformOffThePluginsName()
+{
+    receive("kelvor_linux_amd64.so", "\x0d 2");
+#if KELVOR_HOST_INTERFACE == 26
+    QCOMPARE(recordedcontroller::takeCalls(), calls{"handlePluginCommand(1, \"kelvor\", \"\x0d 2\")"});
+#else
+    QCOMPARE(recordedcontroller::takeCalls(), calls{"handlePluginCommand(1, \"kelvor_linux_amd64.so\", \"\x0d 2\")"});
+#endif
 }
 
 QTEST_GUILESS_MAIN(tst_exports)
