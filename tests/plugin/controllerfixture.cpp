@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QSettings>
 #include <QTimer>
 
 namespace {
@@ -35,6 +36,12 @@ controllerfixture::controllerfixture()
         server.addClient(3, "Ben");
         server.addClient(4, "Eve");
     }
+}
+
+void controllerfixture::writeSetting(const char* key, const QVariant& value)
+{
+    QSettings file(directory.filePath(QString::fromLatin1("kelvor.conf")), QSettings::IniFormat);
+    file.setValue(QString::fromLatin1(key), value);
 }
 
 void controllerfixture::start()
@@ -72,6 +79,13 @@ void controllerfixture::answerNext(QMessageBox::StandardButton button)
         else
             box->button(button)->click();
     });
+}
+
+void controllerfixture::acceptInvitation(uint64 schid)
+{
+    host.currentConnection = schid;
+    answerNext(QMessageBox::Yes);
+    receive(inviteFromAnn, schid);
 }
 
 QList<QMessageBox*> controllerfixture::questions() { return visibleWindows<QMessageBox>(); }

@@ -5,6 +5,7 @@
 
 #include <QMessageBox>
 #include <QTemporaryDir>
+#include <QVariant>
 
 #include <functional>
 #include <memory>
@@ -18,6 +19,8 @@ class controllerfixture {
 public:
     controllerfixture();
 
+    /// What the settings file says when start() reads it.
+    void writeSetting(const char* key, const QVariant& value);
     void start();
     /// Delivers a message of a peer; the text is written as the wire has it.
     void receive(const QByteArray& text, uint64 schid = 1);
@@ -26,12 +29,16 @@ public:
     /// Calls act from inside the nested loop of the next question.
     void duringNextQuestion(const std::function<void()>& act);
     QString asked() const { return question; }
+    /// Ann invites, on the connection of the active tab, and the user says Yes.
+    void acceptInvitation(uint64 schid = 1);
 
     static QList<QMessageBox*> questions();
     static QList<invitationdialog*> lobbies();
     static QList<whiteboard*> boards();
     /// Lets closed windows go, as the client's event loop does.
     static void settle();
+
+    static constexpr char inviteFromAnn[] = "\x01 2 2";
 
     QTemporaryDir directory;
     fakehost host;

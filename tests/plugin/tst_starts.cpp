@@ -27,27 +27,17 @@ private slots:
     void aYesAfterTheHostHasLeftWaits();
 
 private:
-    static void acceptInvitation(controllerfixture& fixture);
     static void answerYesAfter(controllerfixture& fixture, const QByteArray& message);
     static QList<QSize> sizesOfBoards();
 };
 
 namespace {
 
-const QByteArray inviteFromAnn("\x01 2 2");
-
 // The client's own function behind the one that counts the windows at each message.
 decltype(TS3Functions::sendPluginCommand) send = nullptr;
 int boardsAtTheLastMessage = 0;
 
 } // namespace
-
-void tst_starts::acceptInvitation(controllerfixture& fixture)
-{
-    fixture.answerNext(QMessageBox::Yes);
-    fixture.receive(inviteFromAnn);
-    fixture.host.takeSent();
-}
 
 // The message comes while the user is being asked.
 void tst_starts::answerYesAfter(controllerfixture& fixture, const QByteArray& message)
@@ -56,7 +46,7 @@ void tst_starts::answerYesAfter(controllerfixture& fixture, const QByteArray& me
         fixture.receive(message);
         controllerfixture::questions().last()->button(QMessageBox::Yes)->click();
     });
-    fixture.receive(inviteFromAnn);
+    fixture.receive(controllerfixture::inviteFromAnn);
 }
 
 QList<QSize> tst_starts::sizesOfBoards()
@@ -109,7 +99,7 @@ void tst_starts::theStartOfTheHostReplacesThatOfAnother()
 {
     controllerfixture fixture;
     fixture.start();
-    acceptInvitation(fixture);
+    fixture.acceptInvitation();
     fixture.receive("\x10 3 400 100 0 false 0 ");
     QCOMPARE(sizesOfBoards(), QList<QSize>());
     fixture.receive("\x10 2 300 200 0 false 0 ");
@@ -123,7 +113,7 @@ void tst_starts::theNewestStartIsUsed()
     fixture.receive("\x10 2 300 200 0 false 0 ");
     fixture.receive("\x10 4 120 90 0 false 0 ");
     fixture.receive("\x10 2 80 60 0 false 0 ", 2);
-    acceptInvitation(fixture);
+    fixture.acceptInvitation();
     controllerfixture::lobbies().first()->accept();
     QCOMPARE(sizesOfBoards(), QList<QSize>{QSize(120, 90)});
 }
@@ -132,11 +122,11 @@ void tst_starts::aUsedStartIsForgotten()
 {
     controllerfixture fixture;
     fixture.start();
-    acceptInvitation(fixture);
+    fixture.acceptInvitation();
     fixture.receive("\x10 2 300 200 0 false 0 ");
     controllerfixture::boards().first()->close();
     controllerfixture::settle();
-    acceptInvitation(fixture);
+    fixture.acceptInvitation();
     controllerfixture::lobbies().first()->accept();
     QCOMPARE(sizesOfBoards(), QList<QSize>());
 }
@@ -145,7 +135,8 @@ void tst_starts::everyValueOfAStartIsUsed()
 {
     controllerfixture fixture;
     fixture.start();
-    acceptInvitation(fixture);
+    fixture.acceptInvitation();
+    fixture.host.takeSent();
     QImage picture(300, 200, QImage::Format_RGB32);
     picture.fill(Qt::blue);
     QVERIFY(picture.save(fixture.directory.filePath(QString::fromLatin1("plugins/kelvor/b.png"))));
@@ -177,14 +168,15 @@ void tst_starts::aLobbyThatEndsWithoutAStartOpensNothing()
 {
     controllerfixture fixture;
     fixture.start();
-    acceptInvitation(fixture);
+    fixture.acceptInvitation();
+    fixture.host.takeSent();
     controllerfixture::lobbies().first()->accept();
     QCOMPARE(sizesOfBoards(), QList<QSize>());
     QVERIFY(fixture.host.sent.isEmpty());
     QCOMPARE(fixture.controller->stateOf(1), session_joining);
     fixture.receive("\x10 2 300 200 0 false 0 ");
     QCOMPARE(sizesOfBoards(), QList<QSize>());
-    fixture.receive(inviteFromAnn);
+    fixture.receive(controllerfixture::inviteFromAnn);
     QCOMPARE(fixture.host.takeTexts(), QList<QByteArray>{"\x18 1"});
 }
 

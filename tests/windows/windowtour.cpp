@@ -18,7 +18,6 @@ namespace {
 
 using looker = std::function<void(QWidget&)>;
 
-const QByteArray inviteFromAnn("\x01 2 2");
 const QByteArray startFromAnn("\x10 2 300 200 0 false 0 ");
 
 // Looks at the next modal window of the class while open runs, and closes it.
@@ -48,8 +47,7 @@ invitationdialog* hostLobby(controllerfixture& fixture)
 
 invitationdialog* guestLobby(controllerfixture& fixture)
 {
-    fixture.answerNext(QMessageBox::Yes);
-    fixture.receive(inviteFromAnn);
+    fixture.acceptInvitation();
     return controllerfixture::lobbies().value(0);
 }
 
@@ -73,7 +71,7 @@ const tourstop tour[] = {
     {"drawing window", [](controllerfixture& fixture, const looker& look) { return atShown(board(fixture), look); }},
     {"question",
      [](controllerfixture& fixture, const looker& look) {
-         return atModal<QMessageBox>(look, [&fixture] { fixture.receive(inviteFromAnn); });
+         return atModal<QMessageBox>(look, [&fixture] { fixture.receive(controllerfixture::inviteFromAnn); });
      }},
     {"settings",
      [](controllerfixture& fixture, const looker& look) {
