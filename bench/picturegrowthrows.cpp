@@ -89,9 +89,10 @@ row replayRow()
             // Into the smallest canvas.
             for (QPoint& point : points)
                 point -= QPoint(pictures::side / 2 - 20, pictures::side / 3 - 200);
-            const auto replay = [canvas, points] {
+            const auto pencil = std::make_shared<pencilbrush>();
+            const auto replay = [canvas, pencil, points] {
                 QPainter painter(canvas.get());
-                pencilbrush().replay(&painter, strokesamples::color(), 5.5, points);
+                pencil->replay(&painter, strokesamples::color(), 5.5, points);
             };
             all.push_back({nameOf(amount), replay, nullptr, 20, false, 1});
         }

@@ -55,12 +55,13 @@ row peerRow(const std::string& width, qreal thick)
         const drawmessage batch = strokesamples::message(thick);
         const QByteArray bytes = wire::write(batch);
         const auto enter = [session, bytes] { session->plugin.receive(1, bytes.constData()); };
-        const auto paint = [canvas, batch, thick] {
+        const auto pencil = std::make_shared<pencilbrush>();
+        const auto paint = [canvas, pencil, batch, thick] {
             QPainter painter(canvas.get());
-            pencilbrush().replay(&painter, strokesamples::color(), thick, batch.points);
+            pencil->replay(&painter, strokesamples::color(), thick, batch.points);
         };
         // Repaints that others have asked for are done before the next sample.
-        return {{"product", enter, clienthouse::settle, 10}, {"painting", paint, clienthouse::settle, 10}};
+        return {{"product", enter, clienthouse::settle, 50}, {"painting", paint, clienthouse::settle, 50}};
     };
     return {"peer/" + width,
             make,

@@ -19,16 +19,19 @@ row pencilRow(const std::string& width, qreal thick)
 {
     const auto make = [thick]() -> std::vector<contender> {
         const auto canvas = std::make_shared<QImage>(pictures::blank(pictures::size));
-        const QList<QPoint> points = strokesamples::points();
+        const auto pencil = std::make_shared<pencilbrush>();
+        // A long way of a hand, batch after batch, each with steps of its own.
+        const auto hand = std::make_shared<strokesamples::hand>();
         const auto product = [=] {
             QPainter painter(canvas.get());
-            pencilbrush().replay(&painter, color(), thick, points);
+            pencil->replay(&painter, color(), thick, hand->nextBatch());
         };
         const auto plain = [=] {
             QPainter painter(canvas.get());
-            literal::pencil(&painter, color(), thick, points);
+            literal::pencil(&painter, color(), thick, hand->nextBatch());
         };
-        return {{"product", product, nullptr, 20}, {"literal", plain, nullptr, 20}};
+        return {{"product", product, nullptr, strokesamples::hand::batches},
+                {"literal", plain, nullptr, strokesamples::hand::batches}};
     };
     const std::string work = "Painting a batch of 20 points, width " + width + ": drawPoint and drawLine";
     return {"pencil/" + width,

@@ -4,6 +4,8 @@
 #include "pictures.h"
 #include "tests/brushes/randompainting.h"
 
+#include <algorithm>
+
 namespace strokesamples {
 
 QList<QPoint> points(int count)
@@ -13,6 +15,28 @@ QList<QPoint> points(int count)
     while (way.size() < count)
         way.append(way.last() + QPoint(random.number(-4, 12), random.number(-6, 10)));
     return way;
+}
+
+hand::hand()
+{
+    randompainting random(21);
+    const int fastest = 10;
+    const int margin = 250;
+    QPoint place(pictures::side / 2, pictures::side / 3);
+    QPoint speed(3, 2);
+    const auto changed = [&](int along, int where) {
+        const int drawn = where < margin ? 1 : where > pictures::side - margin ? -1 : random.number(-2, 2);
+        return std::clamp(along + drawn, -fastest, fastest);
+    };
+    for (std::size_t i = 0; i < batches; ++i) {
+        QList<QPoint> points{place};
+        while (points.size() < batch) {
+            speed = QPoint(changed(speed.x(), place.x()), changed(speed.y(), place.y()));
+            place += speed;
+            points.append(place);
+        }
+        way.push_back(points);
+    }
 }
 
 drawmessage message(qreal thick)

@@ -57,5 +57,5 @@ void eraserbrush::replay(QPainter* painter, QColor, qreal thick, QList<QPoint> p
     if (points.isEmpty())
         return;
     prepare(painter, thick, opaque);
-    strokepath::drawPath(painter, points);
+    strokepath::drawPath(painter, points, &stamps);
 }

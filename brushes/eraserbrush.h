@@ -1,5 +1,7 @@
 #pragma once
 
+#include "strokestamps.h"
+
 #include <QColor>
 #include <QList>
 #include <QPainter>
@@ -19,4 +21,5 @@ public:
 
 private:
     QPoint lastPoint;
+    strokestamps stamps;
 };

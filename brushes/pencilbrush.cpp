@@ -37,7 +37,7 @@ bool pencilbrush::mouseRelease(QPainter* painter, int button, QPoint pos, QColor
 void pencilbrush::replay(QPainter* painter, QColor color, qreal thick, QList<QPoint> points)
 {
     strokes::setPen(painter, color, thick);
-    strokepath::drawPath(painter, points);
+    strokepath::drawPath(painter, points, &stamps);
 }
 
 void pencilbrush::drawPreview(QPainter*, QColor, qreal) { }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "brush.h"
+#include "strokestamps.h"
 
 /// The freehand line: a dot at each position and a line between neighbours, with no smoothing.
 class pencilbrush : public brush {
@@ -14,4 +15,5 @@ public:
 
 private:
     QPoint lastPoint;
+    strokestamps stamps;
 };

@@ -2,6 +2,7 @@
 
 #include "settledwatch.h"
 #include "strokes.h"
+#include "strokestamps.h"
 
 #include <QPainter>
 #include <QVector>
@@ -39,13 +40,17 @@ template <typename Shape> void removeRepeats(QVector<Shape>* shapes)
 /// stroke those parts of the picture that more painting does not change.
 class pathpainter {
 public:
-    explicit pathpainter(QPainter* painter)
+    /// Without stamps the toolkit paints all.
+    explicit pathpainter(QPainter* painter, strokestamps* stamps = nullptr)
         : painter(painter)
+        , stamps(stamps)
         , watch(painter)
         , picture(strokes::pictureRect(painter))
         , reach(painter->pen().widthF() / 2 + 2)
         , atOnce(painter->pen().widthF() < groupWidth ? 1 : groupSize)
     {
+        if (stamps)
+            stamps->begin(painter);
     }
 
     template <typename Shape> bool isVisible(const Shape& shape) const { return boundsOf(shape).intersects(picture); }
@@ -81,7 +86,8 @@ private:
 
     template <typename Shape> void drawGroup(const Shape* shapes, int count)
     {
-        drawShapes(painter, shapes, count);
+        if (count > 1 || !stamps || !stamps->lay(*shapes))
+            drawShapes(painter, shapes, count);
         for (const Shape* shape = shapes; shape != shapes + count; ++shape) {
             const QRectF touched = boundsOf(*shape).intersected(picture);
             pixels += touched.width() * touched.height();
@@ -91,6 +97,7 @@ private:
     }
 
     QPainter* painter;
+    strokestamps* stamps;
     settledwatch watch;
     QRectF picture;
     double reach;
@@ -117,9 +124,9 @@ void drawInOrder(QPainter* painter, const QList<QPoint>& points)
 
 /// What hides all that is below it can be painted in any order, and the toolkit is much faster with many shapes at
 /// once.
-void drawTogether(QPainter* painter, const QList<QPoint>& points)
+void drawTogether(QPainter* painter, const QList<QPoint>& points, strokestamps* stamps)
 {
-    pathpainter path(painter);
+    pathpainter path(painter, stamps);
     QVector<QPoint> dots;
     QVector<QLine> lines;
     const auto keep = [&](const auto& shape) {
@@ -143,7 +150,7 @@ void drawStep(QPainter* painter, const QPoint& dot, const QLine& line)
     painter->drawLine(line);
 }
 
-void drawPath(QPainter* painter, const QList<QPoint>& points)
+void drawPath(QPainter* painter, const QList<QPoint>& points, strokestamps* stamps)
 {
     QPen pen = painter->pen();
     const qreal width = pen.widthF();
@@ -155,9 +162,9 @@ void drawPath(QPainter* painter, const QList<QPoint>& points)
         // Clearing looks at no colour, and shapes of an opaque one are painted several at once.
         pen.setBrush(Qt::black);
         painter->setPen(pen);
-        drawTogether(painter, points);
+        drawTogether(painter, points, stamps);
     } else if (pen.brush().isOpaque()) {
-        drawTogether(painter, points);
+        drawTogether(painter, points, stamps);
     } else {
         drawInOrder(painter, points);
     }
