@@ -1,10 +1,6 @@
-#include "brushes/selectionbrush.h"
-
 #include "literalbrushes.h"
-#include "painted.h"
 #include "randompainting.h"
-
-#include <QtTest>
+#include "selectiontest.h"
 
 #include <limits>
 
@@ -14,23 +10,16 @@ constexpr QSize small(120, 90);
 constexpr int largest = std::numeric_limits<int>::max();
 constexpr int smallest = std::numeric_limits<int>::min();
 
-QImage withBand(const QImage& canvas, const QRect& band)
-{
-    return painted(canvas, [&](QPainter* painter) {
-        painter->setPen(QPen(QColor("grey"), 1.0, Qt::DotLine, Qt::RoundCap, Qt::RoundJoin));
-        painter->drawRects(&band, 1);
-    });
-}
-
 } // namespace
 
-/// Each test runs on an opaque canvas and on one over a background.
-class tst_selectionbrush : public QObject {
+/// Bands and their moves by the local user.
+class tst_selectionbrush : public selectiontest {
     Q_OBJECT
 
 private slots:
-    void initTestCase_data();
-    void init();
+    void initTestCase_data() { addCanvases(); }
+    void init() { begin(); }
+
     void otherButtonsAreIgnored();
     void thereIsNoSelectionAtFirst();
     void pressOutsideBeginsABandAndClearsThePendingPoints();
@@ -47,81 +36,15 @@ private slots:
     void movedBandUpAndToTheLeftErasesAndCarriesNothing();
     void pixelsAreThoseOfThePress();
     void resetDropsTheSelection();
-    void previewShowsTheBand();
-    void previewOfAMoveShowsThePixelsAtTheirNewPlace();
-    void previewOnATranslatedPainterIsTheSame();
-    void nothingIsPreviewedBeforeTheFirstMove();
     void bandOverhangingTheCanvasCarriesTransparentPixels();
     void moveOutOfTheCanvasLosesPixels();
     void replayLeavesTheOwnSelectionAlone();
     void hostileLocalMoveKeepsItsCorners();
 
 private:
-    bool press(const QPoint& pos);
-    bool move(const QPoint& pos);
-    bool release(const QPoint& pos);
-    void makeBand(const QPoint& from, const QPoint& to);
-    QImage preview(const QImage& below, const QPoint& origin = QPoint(0, 0));
     QImage replayed(const QImage& before, const QList<QPoint>& points);
     QRgb erased() const { return opaque ? 0xffffffff : 0; }
-
-    bool opaque = true;
-    selectionbrush tool;
-    QImage canvas;
-    bool record = false;
-    bool clear = false;
-    bool flush = false;
-    QList<QPoint> pending;
 };
-
-void tst_selectionbrush::initTestCase_data()
-{
-    QTest::addColumn<bool>("opaque");
-    QTest::newRow("opaque canvas") << true;
-    QTest::newRow("over a background") << false;
-}
-
-void tst_selectionbrush::init()
-{
-    QFETCH_GLOBAL(bool, opaque);
-    this->opaque = opaque;
-    tool = selectionbrush();
-    canvas = numberedCanvas();
-    pending = {QPoint(7, 7)};
-}
-
-bool tst_selectionbrush::press(const QPoint& pos)
-{
-    QPainter painter(&canvas);
-    return tool.mousePress(canvas, &painter, Qt::LeftButton, pos, Qt::red, 5, &record, &clear);
-}
-
-bool tst_selectionbrush::move(const QPoint& pos)
-{
-    QPainter painter(&canvas);
-    return tool.mouseMove(&painter, Qt::LeftButton, pos, Qt::red, 5, &record);
-}
-
-bool tst_selectionbrush::release(const QPoint& pos)
-{
-    QPainter painter(&canvas);
-    return tool.mouseRelease(&painter, Qt::LeftButton, pos, Qt::red, 5, opaque, &record, &flush, &pending);
-}
-
-void tst_selectionbrush::makeBand(const QPoint& from, const QPoint& to)
-{
-    press(from);
-    move(to);
-    release(to);
-}
-
-QImage tst_selectionbrush::preview(const QImage& below, const QPoint& origin)
-{
-    return painted(below, [&](QPainter* painter) {
-        painter->translate(-origin);
-        tool.drawPreview(painter, Qt::red, 5, opaque);
-    });
-}
 
 QImage tst_selectionbrush::replayed(const QImage& before, const QList<QPoint>& points)
 {
@@ -322,44 +245,6 @@ void tst_selectionbrush::resetDropsTheSelection()
     QCOMPARE(preview(whiteCanvas()), whiteCanvas());
     press(QPoint(30, 30));
     QVERIFY(clear);
-}
-
-void tst_selectionbrush::previewShowsTheBand()
-{
-    makeBand(QPoint(10, 20), QPoint(60, 50));
-    QCOMPARE(preview(whiteCanvas()), withBand(whiteCanvas(), QRect(QPoint(10, 20), QPoint(60, 50))));
-    QVERIFY(preview(whiteCanvas()) != whiteCanvas());
-}
-
-void tst_selectionbrush::previewOfAMoveShowsThePixelsAtTheirNewPlace()
-{
-    makeBand(QPoint(10, 20), QPoint(60, 50));
-    press(QPoint(30, 30));
-    QCOMPARE(preview(canvas), withBand(canvas, QRect(QPoint(10, 20), QPoint(60, 50))));
-    move(QPoint(45, 50));
-    // White in both modes: the overlay is not cleared, it is painted over.
-    const QImage moved = painted(canvas, [this](QPainter* painter) {
-        painter->eraseRect(QRect(QPoint(10, 20), QPoint(60, 50)));
-        painter->drawImage(QPoint(25, 40), canvas.copy(QRect(QPoint(10, 20), QPoint(60, 50))));
-    });
-    QCOMPARE(preview(canvas), withBand(moved, QRect(QPoint(25, 40), QPoint(25 + 51, 40 + 31))));
-    QCOMPARE(canvas, numberedCanvas());
-}
-
-void tst_selectionbrush::previewOnATranslatedPainterIsTheSame()
-{
-    makeBand(QPoint(-20, 20), QPoint(60, 50));
-    press(QPoint(30, 30));
-    move(QPoint(45, 50));
-    const QRect exposed(30, 25, 70, 60);
-    const QImage below = clearCanvas();
-    QCOMPARE(preview(below.copy(exposed), exposed.topLeft()), preview(below).copy(exposed));
-}
-
-void tst_selectionbrush::nothingIsPreviewedBeforeTheFirstMove()
-{
-    press(QPoint(10, 20));
-    QCOMPARE(preview(whiteCanvas()), whiteCanvas());
 }
 
 void tst_selectionbrush::bandOverhangingTheCanvasCarriesTransparentPixels()

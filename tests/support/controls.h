@@ -9,12 +9,18 @@
 /// What a window is made of, to its form and to those who use it without a mouse or without their eyes.
 namespace controls {
 
+/// The part of a window by its object name; null when there is none.
+template <typename Widget> Widget* part(const QWidget& window, const char* name)
+{
+    return window.findChild<Widget*>(QLatin1String(name));
+}
+
 /// The controls of a shown window in the order in which the Tab key visits them, from the named one on, by their
 /// names; those without one, such as the buttons of a button box, are left out.
 inline QStringList tabOrder(QWidget& window, const char* first)
 {
     QApplication::setActiveWindow(&window);
-    auto* const start = window.findChild<QWidget*>(QLatin1String(first));
+    auto* const start = part<QWidget>(window, first);
     start->setFocus();
     QStringList names;
     do {
