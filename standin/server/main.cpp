@@ -10,6 +10,8 @@
 #include <QCoreApplication>
 #include <QTemporaryDir>
 
+#include <optional>
+
 namespace {
 
 void playByLines(voiceserver* server, QCoreApplication* application)
@@ -34,8 +36,10 @@ int main(int argc, char* argv[])
     if (parser.failed())
         return reportFailure(parser.error());
 
-    const QTemporaryDir passing;
-    const QString directory = options.store.isEmpty() ? passing.path() : options.store;
+    std::optional<QTemporaryDir> passing;
+    if (options.store.isEmpty())
+        passing.emplace();
+    const QString directory = passing ? passing->path() : options.store;
     voiceserver server(options, directory);
     if (!server.files().isUsable())
         return reportFailure(QStringLiteral("Cannot write into the store '%1'.").arg(directory));

@@ -19,7 +19,8 @@ protected:
         serverName = QStringLiteral("kelvor-programs-%1-%2").arg(QCoreApplication::applicationPid()).arg(++number);
         server = std::make_unique<QProcess>();
         QVERIFY(start(server.get(), QStringLiteral("voiceserver"),
-                      {QStringLiteral("--name"), serverName, QStringLiteral("--play")}));
+                      {QStringLiteral("--name"), serverName, QStringLiteral("--store"),
+                       place->filePath(QStringLiteral("store")), QStringLiteral("--play")}));
         QTRY_VERIFY(server->canReadLine());
         QCOMPARE(server->readLine(), "ready " + serverName.toUtf8() + '\n');
     }
