@@ -1,8 +1,5 @@
-#include "brushes/airbrushbrush.h"
-
-#include "literalbrushes.h"
-#include "painted.h"
 #include "randompainting.h"
+#include "sprayedstrokes.h"
 
 #include <QtTest>
 
@@ -12,23 +9,8 @@
 namespace {
 
 constexpr QSize small(120, 90);
-constexpr unsigned seed = 4711;
 constexpr int largest = std::numeric_limits<int>::max();
 constexpr int smallest = std::numeric_limits<int>::min();
-
-/// A stroke as peers paint it. Leaves the generator where the stroke has left it.
-QImage replayed(const QImage& canvas, const QColor& color, qreal thick, const QList<QPoint>& points)
-{
-    airbrushbrush airbrush;
-    srand(seed);
-    return painted(canvas, [&](QPainter* painter) { airbrush.replay(painter, color, thick, points); });
-}
-
-QImage literally(const QImage& canvas, const QColor& color, qreal thick, const QList<QPoint>& points)
-{
-    srand(seed);
-    return painted(canvas, [&](QPainter* painter) { literal::airbrush(painter, color, thick, points); });
-}
 
 QImage segment(qreal thick, const QPoint& from, const QPoint& to)
 {
@@ -48,16 +30,6 @@ QImage sprayed(qreal thick, const QList<QPoint>& points)
             airbrush.mouseMove(painter, Qt::LeftButton, points.at(i), Qt::red, thick, &record);
         airbrush.mouseRelease(painter, Qt::LeftButton, points.last(), Qt::red, thick, &record);
     });
-}
-
-int paintedPixels(const QImage& canvas)
-{
-    int count = 0;
-    for (int y = 0; y < canvas.height(); ++y) {
-        for (int x = 0; x < canvas.width(); ++x)
-            count += canvas.pixel(x, y) != 0xffffffff;
-    }
-    return count;
 }
 
 } // namespace

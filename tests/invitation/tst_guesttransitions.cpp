@@ -120,17 +120,7 @@ anyID tst_guesttransitions::prepare(const QByteArray& state)
     return subject;
 }
 
-void tst_guesttransitions::everyTransition_data()
-{
-    QTest::addColumn<QByteArray>("state");
-    QTest::addColumn<QByteArray>("event");
-    QTest::addColumn<QString>("look");
-    QTest::addColumn<QString>("lists");
-    QTest::addColumn<QString>("sent");
-    for (const transition& row : guestTransitions)
-        QTest::addRow("%s, %s", row.state, row.event) << QByteArray(row.state) << QByteArray(row.event)
-                                                      << QString(row.look) << QString(row.lists) << QString(row.sent);
-}
+void tst_guesttransitions::everyTransition_data() { addTransitions(guestTransitions); }
 
 void tst_guesttransitions::everyTransition()
 {

@@ -123,17 +123,7 @@ anyID tst_hosttransitions::prepare(const QByteArray& state, bool guest)
     return subject;
 }
 
-void tst_hosttransitions::everyTransition_data()
-{
-    QTest::addColumn<QByteArray>("state");
-    QTest::addColumn<QByteArray>("event");
-    QTest::addColumn<QString>("look");
-    QTest::addColumn<QString>("lists");
-    QTest::addColumn<QString>("sent");
-    for (const transition& row : hostTransitions)
-        QTest::addRow("%s, %s", row.state, row.event) << QByteArray(row.state) << QByteArray(row.event)
-                                                      << QString(row.look) << QString(row.lists) << QString(row.sent);
-}
+void tst_hosttransitions::everyTransition_data() { addTransitions(hostTransitions); }
 
 void tst_hosttransitions::everyTransition()
 {

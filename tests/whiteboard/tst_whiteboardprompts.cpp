@@ -2,9 +2,8 @@
 #include "dialogs/kelvoraboutdialog.h"
 #include "serverfiles/ts3downloaddialog.h"
 #include "serverfiles/ts3filedialog.h"
-#include "sessionfixture.h"
 #include "tests/support/whenopen.h"
-#include "windowparts.h"
+#include "windowtest.h"
 
 #include <QAction>
 #include <QColorDialog>
@@ -13,24 +12,14 @@
 #include <QPushButton>
 #include <QStatusBar>
 #include <QToolBar>
-#include <QtTest>
 
 /// The dialogs that the window runs, and what else happens while one is open.
-class tst_whiteboardprompts : public QObject {
+class tst_whiteboardprompts : public filewindowtest {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        fixture.reset(new sessionfixture);
-        QVERIFY(temporary.enter());
-    }
-    void cleanup()
-    {
-        QCOMPARE(fixture->host.outstanding, 0);
-        fixture.reset();
-        temporary.leave();
-    }
+    void init() { begin(); }
+    void cleanup() { end(); }
 
     void chosenColourPaintsAndShows();
     void cancelledColourChangesNothing();
@@ -50,9 +39,6 @@ private slots:
 private:
     // Opens one of the dialogs and runs act in its nested loop.
     void inDialog(const QString& dialog, whiteboard* window, const std::function<void(QDialog&)>& act);
-
-    temporarydirectory temporary;
-    QScopedPointer<sessionfixture> fixture;
 };
 
 namespace {

@@ -1,29 +1,18 @@
 #include "canvas/paintscene.h"
-#include "sessionfixture.h"
-#include "windowparts.h"
+#include "windowtest.h"
 
 #include <QAction>
 #include <QDoubleSpinBox>
 #include <QSlider>
 #include <QToolButton>
-#include <QtTest>
 
 /// The tool buttons, the two thickness widgets and the effects.
-class tst_whiteboardtools : public QObject {
+class tst_whiteboardtools : public quietwindowtest {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        warnings.reset(new warningcounter);
-        fixture.reset(new sessionfixture);
-    }
-    void cleanup()
-    {
-        fixture.reset();
-        QCOMPARE(warnings->count(), 0);
-        warnings.reset();
-    }
+    void init() { begin(); }
+    void cleanup() { end(); }
 
     void toolButtonChoosesItsTool_data();
     void toolButtonChoosesItsTool();
@@ -41,10 +30,6 @@ private slots:
     void thicknessReachesTheCanvas();
     void effectsAreAppliedAndSent_data();
     void effectsAreAppliedAndSent();
-
-private:
-    QScopedPointer<warningcounter> warnings;
-    QScopedPointer<sessionfixture> fixture;
 };
 
 void tst_whiteboardtools::toolButtonChoosesItsTool_data()

@@ -1,29 +1,18 @@
 #include "canvas/paintscene.h"
 #include "serverfiles/ts3downloaddialog.h"
 #include "serverfiles/ts3filedialog.h"
-#include "sessionfixture.h"
 #include "tests/support/whenopen.h"
-#include "windowparts.h"
+#include "windowtest.h"
 
 #include <QStatusBar>
-#include <QtTest>
 
 /// The upload of the picture to a channel.
-class tst_whiteboardupload : public QObject {
+class tst_whiteboardupload : public filewindowtest {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        fixture.reset(new sessionfixture);
-        QVERIFY(temporary.enter());
-    }
-    void cleanup()
-    {
-        QCOMPARE(fixture->host.outstanding, 0);
-        fixture.reset();
-        temporary.leave();
-    }
+    void init() { begin(); }
+    void cleanup() { end(); }
 
     void uploadSendsThePicture_data();
     void uploadSendsThePicture();
@@ -36,10 +25,6 @@ private slots:
     void uploadDoesNotFollowALink();
     void uploadThatCannotBeWrittenEndsSilently();
     void uploadOfAGuestWithoutPictureStandsAtZero();
-
-private:
-    temporarydirectory temporary;
-    QScopedPointer<sessionfixture> fixture;
 };
 
 void tst_whiteboardupload::uploadSendsThePicture_data()

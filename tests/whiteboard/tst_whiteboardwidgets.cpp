@@ -1,7 +1,6 @@
 #include "canvas/paintscene.h"
 #include "dialogs/mysplitter.h"
-#include "sessionfixture.h"
-#include "windowparts.h"
+#include "windowtest.h"
 
 #include <QDoubleSpinBox>
 #include <QListWidget>
@@ -16,24 +15,14 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <QWidgetAction>
-#include <QtTest>
 
 /// The widgets of the window: what stands where, in which size, and who has the keyboard.
-class tst_whiteboardwidgets : public QObject {
+class tst_whiteboardwidgets : public quietwindowtest {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        warnings.reset(new warningcounter);
-        fixture.reset(new sessionfixture);
-    }
-    void cleanup()
-    {
-        fixture.reset();
-        QCOMPARE(warnings->count(), 0);
-        warnings.reset();
-    }
+    void init() { begin(); }
+    void cleanup() { end(); }
 
     void titleNamesTheServer_data();
     void titleNamesTheServer();
@@ -56,10 +45,6 @@ private slots:
     void actionsWorkByKeysAndAClickLeavesTheKeysWithTheCanvas();
     void sizesThatCannotBeHeldOpenWithoutACanvas_data();
     void sizesThatCannotBeHeldOpenWithoutACanvas();
-
-private:
-    QScopedPointer<warningcounter> warnings;
-    QScopedPointer<sessionfixture> fixture;
 };
 
 void tst_whiteboardwidgets::titleNamesTheServer_data()
