@@ -13,6 +13,8 @@
 #include "paintscenetools.h"
 
 #include <QBuffer>
+#include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 
 #include <utility>
@@ -30,6 +32,24 @@ QImage makeLayer(const QSize& size, QRgb value)
 }
 
 bool isHeld(int width, int height) { return width > 0 && height > 0 && qint64{width} * height <= mostPixels; }
+
+/// Writes over a file in place, without making it shorter before all is written: when the disk is full, the old bytes
+/// still have their room and are put back.
+void writeOver(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    if (!QFileInfo(path).isFile()
+        || !file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered)) {
+        return;
+    }
+    const QByteArray old = file.readAll();
+    const auto put = [&file](const QByteArray& content) {
+        return file.seek(0) && file.write(content) == content.size() && file.resize(content.size());
+    };
+    if (!put(bytes)) {
+        put(old);
+    }
+}
 
 } // namespace
 
@@ -101,11 +121,15 @@ void paintscene::savePicture(const QString& path)
     QBuffer encoded;
     encoded.open(QIODevice::WriteOnly);
     const bool isEncoded = (hasBackground ? layers::merged(background, canvas) : canvas).save(&encoded, "PNG", -1);
+    if (!isEncoded) {
+        return;
+    }
     // Written beside the file and put in its place at the end: an export that breaks off must not take an older one
     // with it. Where no file may be made beside it the older one is written over.
     QSaveFile file(path);
-    file.setDirectWriteFallback(true);
-    if (isEncoded && file.open(QIODevice::WriteOnly) && file.write(encoded.data()) == encoded.size()) {
+    if (!file.open(QIODevice::WriteOnly)) {
+        writeOver(path, encoded.data());
+    } else if (file.write(encoded.data()) == encoded.size()) {
         file.commit();
     }
 }

@@ -5,9 +5,38 @@
 #include "warningcount.h"
 
 #include <csignal>
+#include <memory>
 
 #include <sys/resource.h>
 #include <unistd.h>
+
+namespace {
+
+/// As on a full disk: as long as it lives no file may grow beyond a kilobyte.
+class fulldisk {
+public:
+    fulldisk()
+        : formerHandler(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        getrlimit(RLIMIT_FSIZE, &usual);
+        rlimit small = usual;
+        small.rlim_cur = 1024;
+        setrlimit(RLIMIT_FSIZE, &small);
+    }
+    ~fulldisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &usual);
+        std::signal(SIGXFSZ, formerHandler);
+    }
+    fulldisk(const fulldisk&) = delete;
+    fulldisk& operator=(const fulldisk&) = delete;
+
+private:
+    rlimit usual{};
+    void (*formerHandler)(int);
+};
+
+} // namespace
 
 /// The picture as it is written to a file.
 class tst_savedpicture : public picturetest {
@@ -19,6 +48,7 @@ private slots:
     void exportMergesTheBackground();
     void exportLeavesOutPreviewsAndOpenTexts();
     void aSaveThatFailsKeepsTheOldFile();
+    void aFileIsWrittenOverWhereNoNewOneMayBeMade_data();
     void aFileIsWrittenOverWhereNoNewOneMayBeMade();
     void aSaveIntoNowhereIsSilent();
 };
@@ -84,16 +114,10 @@ void tst_savedpicture::aSaveThatFailsKeepsTheOldFile()
     old.close();
     const QStringList before = QDir(directory->path()).entryList(QDir::AllEntries | QDir::Hidden);
 
-    // As on a full disk: no file may grow beyond a kilobyte.
-    rlimit usual{};
-    QCOMPARE(getrlimit(RLIMIT_FSIZE, &usual), 0);
-    const auto formerHandler = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit small = usual;
-    small.rlim_cur = 1024;
-    QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
-    scene.savePicture(path);
-    QCOMPARE(setrlimit(RLIMIT_FSIZE, &usual), 0);
-    std::signal(SIGXFSZ, formerHandler);
+    {
+        const fulldisk disk;
+        scene.savePicture(path);
+    }
 
     QVERIFY(old.open(QIODevice::ReadOnly));
     QCOMPARE(old.readAll(), QByteArray("what was there"));
@@ -103,13 +127,26 @@ void tst_savedpicture::aSaveThatFailsKeepsTheOldFile()
     QCOMPARE(QImage(path).size(), QSize(200, 200));
 }
 
+void tst_savedpicture::aFileIsWrittenOverWhereNoNewOneMayBeMade_data()
+{
+    QTest::addColumn<QByteArray>("there");
+    QTest::addColumn<bool>("isFull");
+    QTest::newRow("an empty file") << QByteArray() << false;
+    QTest::newRow("a longer file") << QByteArray(1000000, 'x') << false;
+    QTest::newRow("a file on a full disk") << QByteArray("what was there") << true;
+}
+
 void tst_savedpicture::aFileIsWrittenOverWhereNoNewOneMayBeMade()
 {
+    QFETCH(const QByteArray, there);
+    QFETCH(const bool, isFull);
+    QRandomGenerator random(5);
     paintscene scene(size.width(), size.height(), nullptr);
-    scene.setImage(QString(), false);
+    scene.setImage(fileWith(randompictures::make(random, size, randompictures::kind::opaque)), false);
     const QString path = directory->filePath("export.png");
     QFile old(path);
     QVERIFY(old.open(QIODevice::WriteOnly));
+    old.write(there);
     old.close();
     QVERIFY(old.setPermissions(QFile::Permissions(0x6666)));
     QVERIFY(QFile::setPermissions(directory->path(), QFile::Permissions(0x5555)));
@@ -118,12 +155,21 @@ void tst_savedpicture::aFileIsWrittenOverWhereNoNewOneMayBeMade()
     const uid_t user = geteuid();
     QCOMPARE(user == 0 ? seteuid(65534) : 0, 0);
     const bool isClosed = !QFile(directory->filePath("new.png")).open(QIODevice::WriteOnly);
-    scene.savePicture(path);
+    {
+        const std::unique_ptr<fulldisk> disk(isFull ? new fulldisk : nullptr);
+        scene.savePicture(path);
+    }
     QCOMPARE(seteuid(user), 0);
 
     QVERIFY(QFile::setPermissions(directory->path(), QFile::Permissions(0x7700)));
     QVERIFY(isClosed);
-    QCOMPARE(QImage(path).size(), size);
+    QVERIFY(old.open(QIODevice::ReadOnly));
+    if (isFull) {
+        QCOMPARE(old.readAll(), there);
+    } else {
+        QVERIFY(old.size() < there.size() || there.isEmpty());
+        QCOMPARE(QImage(path).convertToFormat(QImage::Format_ARGB32), scene.picture());
+    }
 }
 
 void tst_savedpicture::aSaveIntoNowhereIsSilent()

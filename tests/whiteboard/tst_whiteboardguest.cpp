@@ -4,9 +4,11 @@
 #include "tests/support/whenopen.h"
 #include "windowparts.h"
 
+#include <QBuffer>
 #include <QInputDialog>
 #include <QLabel>
 #include <QListWidget>
+#include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -53,6 +55,21 @@ private:
 };
 
 namespace {
+
+// Noise, which no format packs, so that half of the file is half of the picture.
+QByteArray wholePicture()
+{
+    QRandomGenerator random(1);
+    QImage picture(100, 100, QImage::Format_RGB32);
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            picture.setPixel(x, y, random.generate());
+    }
+    QBuffer file;
+    file.open(QIODevice::WriteOnly);
+    picture.save(&file, "PNG");
+    return file.data();
+}
 
 const QByteArray failedToAll("\x14 1 false");
 const QByteArray fetchedToAll("\x14 1 true");
@@ -245,6 +262,11 @@ void tst_whiteboardguest::unreadablePictureGivesAWhitePicture_data()
     QTest::newRow("garbage") << QByteArray("no picture") << false;
     QTest::newRow("empty") << QByteArray() << false;
     QTest::newRow("garbage as background") << QByteArray("no picture") << true;
+    const QByteArray whole = wholePicture();
+    QCOMPARE(QImage::fromData(whole).size(), QSize(100, 100));
+    QTest::newRow("half of a picture") << whole.left(whole.size() / 2) << false;
+    QTest::newRow("half of a picture as background") << whole.left(whole.size() / 2) << true;
+    QTest::newRow("all but the end of a picture") << whole.left(whole.size() - 20) << false;
 }
 
 void tst_whiteboardguest::unreadablePictureGivesAWhitePicture()
