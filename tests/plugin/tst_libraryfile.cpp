@@ -17,6 +17,7 @@ private slots:
     void hasNoUniqueSymbolThatWouldKeepItMapped();
     void asksForNoQtVersionTagBeyondTheCommonOne();
     void callsNothingNewerThanQt512();
+    void asksForNothingThatStartsAThreadOrLocks();
     void hasNoRunPath();
 
 private:
@@ -54,6 +55,26 @@ const char* const expectedNames[] = {
     "ts3plugin_setFunctionPointers",
     "ts3plugin_shutdown",
     "ts3plugin_version",
+};
+
+// All that the C and C++ libraries and Qt have for threads and locks, by how their names begin.
+const char* const threadNames[] = {
+    " pthread_",
+    " thrd_",
+    " mtx_",
+    " sem_",
+    " std::thread",
+    " std::mutex",
+    " std::condition_variable",
+    " QThread",
+    " QRunnable",
+    " QtConcurrent",
+    " QFuture",
+    " QMutex",
+    " QBasicMutex",
+    " QReadWriteLock",
+    " QSemaphore",
+    " QWaitCondition",
 };
 
 } // namespace
@@ -127,6 +148,14 @@ void tst_libraryfile::callsNothingNewerThanQt512()
     }
     QVERIFY(known > 100);
     QVERIFY2(tooNew.isEmpty(), tooNew.constData());
+}
+
+void tst_libraryfile::asksForNothingThatStartsAThreadOrLocks()
+{
+    const QByteArray names = libraryfacts::output("nm", {"-D", "-C", "--undefined-only", KELVOR_LIBRARY});
+    QVERIFY(names.contains(" QWidget::"));
+    for (const char* const name : threadNames)
+        QVERIFY2(!names.contains(name), name);
 }
 
 void tst_libraryfile::hasNoRunPath()

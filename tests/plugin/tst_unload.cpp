@@ -1,6 +1,7 @@
 #include "loadedplugin.h"
 #include "mainwindow.h"
 #include "tests/support/fakehost.h"
+#include "threadwatch.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -17,7 +18,7 @@
 
 /// Load, use, shut down, unload, in every state that a user can leave the plugin in. The exports are called from inside
 /// an event loop, as the client does it, and the library is unmapped before that loop comes round again: whatever the
-/// plugin left behind then jumps into unmapped memory.
+/// plugin left behind then jumps into unmapped memory. No state may have a thread of the plugin's own.
 class tst_unload : public QObject {
     Q_OBJECT
 
@@ -42,6 +43,7 @@ private:
     void openBoard();
     void joinBoard(const char* start);
     void shutdownInsideNextBox();
+    void shutdown();
     void triggerOnBoard(const char* actionText);
     void press(Qt::MouseButton button, const char* toolTip);
 
@@ -50,6 +52,7 @@ private:
     std::unique_ptr<QTemporaryDir> directory;
     std::unique_ptr<fakehost> host;
     std::unique_ptr<loadedplugin> plugin;
+    std::unique_ptr<threadwatch> threads;
     bool isShutDown = false;
 };
 
@@ -140,10 +143,15 @@ void tst_unload::joinBoard(const char* start)
 
 void tst_unload::shutdownInsideNextBox()
 {
-    whenBoxShows([this](QWidget*) {
-        plugin->shutdown();
-        isShutDown = true;
-    });
+    whenBoxShows([this](QWidget*) { shutdown(); });
+}
+
+void tst_unload::shutdown()
+{
+    const QStringList started = threads->startedByOthers();
+    plugin->shutdown();
+    isShutDown = true;
+    QCOMPARE(started, QStringList());
 }
 
 void tst_unload::triggerOnBoard(const char* actionText)
@@ -216,6 +224,7 @@ void tst_unload::cycle(const state& left)
     host->configPath = QFile::encodeName(directory->path()) + '/';
     host->pluginPath = QFile::encodeName(directory->path()) + "/plugins/";
     host->addServer(1).addClient(2, "Ann");
+    threads = std::make_unique<threadwatch>();
     plugin = std::make_unique<loadedplugin>(host->table());
     isShutDown = false;
     bool gone = false;
@@ -225,11 +234,12 @@ void tst_unload::cycle(const state& left)
         // Some buttons open their boxes only when the loop comes round.
         QTRY_COMPARE(awaitedBoxes, 0);
         if (!isShutDown)
-            plugin->shutdown();
+            shutdown();
         gone = plugin->unload();
     });
     QCoreApplication::processEvents();
     QVERIFY2(gone, left.name);
+    QCOMPARE(threads->startedByOthers(), QStringList());
     QCOMPARE(host->outstanding, 0);
     plugin.reset();
     host.reset();
