@@ -19,7 +19,7 @@ namespace {
 const std::vector<double> megapixels{0.2, 1, 4, 16};
 constexpr double longestStep = 0.050;
 /// The smallest picture lies in a cache that the next one is too large for: a plain copy is among the rows to compare.
-constexpr double cacheGrowth = 2.5;
+constexpr double cacheGrowth = 3;
 
 QSize sizeOf(double amount)
 {

@@ -2,6 +2,7 @@
 
 #include "discchain.h"
 #include "discshape.h"
+#include "patterntile.h"
 #include "spraycoverage.h"
 #include "spraylayers.h"
 #include "strokes.h"
@@ -91,6 +92,23 @@ QRect areaOf(const QRect& picture, const discshape& shape, const QList<QPoint>& 
     return shape.reachOf(QRect(inReach(left->x(), top->y()), inReach(right->x(), bottom->y()))).intersected(picture);
 }
 
+/// The rectangles are one row high, and every pixel in them is opaque or has no alpha.
+void drawRows(QPainter* painter, const QBrush& brush, const QVector<QRect>& rectangles)
+{
+    if (rectangles.isEmpty())
+        return;
+    QRgb* const pixels = strokes::plainPixels(painter);
+    if (!pixels || painter->compositionMode() != QPainter::CompositionMode_SourceOver
+        || !painter->brushOrigin().isNull()) {
+        painter->drawRects(rectangles);
+        return;
+    }
+    const qptrdiff stride = strokes::pictureOf(painter)->bytesPerLine() / static_cast<int>(sizeof(QRgb));
+    const patterntile tile(brush);
+    for (const QRect& each : rectangles)
+        tile.lay(pixels + each.top() * stride + each.left(), each);
+}
+
 /// Paints what an opaque colour covers all at once, each pattern for itself. False when that would not give the pixels
 /// that disc after disc gives; then nothing was painted.
 bool drawTogether(QPainter* painter, const QColor& color, const QRect& area, const discshape& shape,
@@ -106,8 +124,9 @@ bool drawTogether(QPainter* painter, const QColor& color, const QRect& area, con
             return false;
     }
     for (std::size_t pattern = 0; pattern < patternCount; ++pattern) {
-        painter->setBrush(patternBrush(color, pattern));
-        painter->drawRects(rectangles[pattern]);
+        const QBrush brush = patternBrush(color, pattern);
+        painter->setBrush(brush);
+        drawRows(painter, brush, rectangles[pattern]);
     }
     return true;
 }

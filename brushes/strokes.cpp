@@ -59,6 +59,15 @@ const QImage* pictureOf(const QPainter* painter)
     return picture && picture->depth() == 32 ? picture : nullptr;
 }
 
+QRgb* plainPixels(const QPainter* painter)
+{
+    const QImage* picture = pictureOf(painter);
+    const bool plain = picture && picture->format() == QImage::Format_ARGB32 && painter->deviceTransform().isIdentity()
+        && !painter->hasClipping() && painter->opacity() == 1.0 && !(painter->renderHints() & QPainter::Antialiasing);
+    // Past the sharing of pictures: a copy made here would not be the one that the painter is open on.
+    return plain ? const_cast<QRgb*>(reinterpret_cast<const QRgb*>(picture->constBits())) : nullptr;
+}
+
 int saturated(qint64 value)
 {
     return static_cast<int>(

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QBrush>
+#include <QColor>
 #include <QPen>
 #include <QPoint>
 #include <QRect>
@@ -32,6 +33,11 @@ void eraseArea(QPainter* painter, const QRect& area, bool opaque);
 QRect pictureRect(const QPainter* painter);
 /// That picture, for looking at its pixels while it is painted on; null when it is none of 32 bits a pixel.
 const QImage* pictureOf(const QPainter* painter);
+
+/// The pixels of the first row of that picture, when the painter paints on it and nothing more: with no transformation,
+/// clip, opacity or smoothing, on Format_ARGB32. Null otherwise. To be written as the painter does it, whoever shares
+/// the picture.
+QRgb* plainPixels(const QPainter* painter);
 
 /// The nearest value that an int holds: what peers send adds up to more.
 int saturated(qint64 value);

@@ -16,13 +16,10 @@ constexpr qreal widest = 200;
 constexpr int mostShapes = 2048;
 constexpr int mostRows = 1 << 16;
 
-/// Whether the painter writes its pen's colour, or nothing, into the pixels that a shape covers, and does no more.
-bool isPlain(QPainter* painter)
+/// Whether the mode writes the pen's colour, or nothing, and looks at no pixel below an opaque one.
+bool isPlain(QPainter::CompositionMode mode)
 {
-    const QPainter::CompositionMode mode = painter->compositionMode();
-    const bool writes = mode == QPainter::CompositionMode_SourceOver || mode == QPainter::CompositionMode_Clear;
-    return writes && painter->deviceTransform().isIdentity() && !painter->hasClipping() && painter->opacity() == 1.0
-        && !(painter->renderHints() & QPainter::Antialiasing);
+    return mode == QPainter::CompositionMode_SourceOver || mode == QPainter::CompositionMode_Clear;
 }
 
 } // namespace
@@ -40,13 +37,12 @@ uint qHash(const strokestamps::shape& key, uint seed)
 
 void strokestamps::begin(QPainter* painter)
 {
-    const QImage* picture = strokes::pictureOf(painter);
     width = painter->pen().widthF();
-    pixels = nullptr;
-    if (!picture || picture->format() != QImage::Format_ARGB32 || !isPlain(painter) || !(width > 1 && width <= widest))
+    pixels =
+        isPlain(painter->compositionMode()) && width > 1 && width <= widest ? strokes::plainPixels(painter) : nullptr;
+    if (!pixels)
         return;
-    // As the painter does it, past the sharing of pictures: a copy made here would not be the one that it paints on.
-    pixels = const_cast<QRgb*>(reinterpret_cast<const QRgb*>(picture->constBits()));
+    const QImage* picture = strokes::pictureOf(painter);
     stride = picture->bytesPerLine() / static_cast<int>(sizeof(QRgb));
     // Left of the first and above the second pixel the toolkit rounds to the other side.
     inside = picture->rect().adjusted(1, 1, 0, 0);
