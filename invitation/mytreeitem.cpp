@@ -27,6 +27,8 @@ void mytreeitem::setState(invitestate newState)
     const rowlook& look = looks->of(state, ischannel, hasplugin);
     setIcon(0, look.icon);
     setToolTip(0, look.toolTip);
+    // A tool tip is not read aloud.
+    setData(0, Qt::AccessibleDescriptionRole, look.toolTip);
 }
 
 void mytreeitem::setHasPlugin()

@@ -9,13 +9,6 @@
 
 #include <QListWidget>
 
-namespace {
-
-constexpr const char* hasPicture = ":/gfx/gfx/apply.png";
-constexpr const char* lacksPicture = ":/gfx/gfx/cancel.png";
-
-} // namespace
-
 whiteboard::whiteboard(const TS3Functions& functions, kelvorprotocol* protocol, uint64 schandler,
                        const QList<anyID>& participants, int width, int height, const QString& downloadDir,
                        QWidget* parent)
@@ -55,7 +48,7 @@ whiteboard::whiteboard(const TS3Functions& functions, kelvorprotocol* protocol, 
     fillParticipantList();
     // The host's is the last row, and the host had the picture before anybody else.
     if (channel)
-        setRowIcon(participantlist->count() - 1, hasPicture);
+        setRowIcon(participantlist->count() - 1, true);
 }
 
 whiteboard::~whiteboard()
@@ -123,10 +116,15 @@ void whiteboard::fillParticipantList()
     }
 }
 
-void whiteboard::setRowIcon(int row, const char* path)
+// Whether the participant has the session's picture, for the eye and for those who have the list read to them.
+void whiteboard::setRowIcon(int row, bool hasPicture)
 {
-    if (QListWidgetItem* item = participantlist->item(row))
-        item->setIcon(QIcon(QLatin1String(path)));
+    QListWidgetItem* item = participantlist->item(row);
+    if (!item)
+        return;
+    item->setIcon(QIcon(QLatin1String(hasPicture ? ":/gfx/gfx/apply.png" : ":/gfx/gfx/cancel.png")));
+    item->setData(Qt::AccessibleDescriptionRole,
+                  QString::fromLatin1(hasPicture ? "has the picture" : "has no picture"));
 }
 
 // The number of a participant of this session, -1 for anybody else.
@@ -174,7 +172,7 @@ void whiteboard::onDownloadFinished(uint64 schandler, bool result, anyID sender)
 {
     const int index = indexOf(schandler, sender);
     if (index >= 0)
-        setRowIcon(index, result ? hasPicture : lacksPicture);
+        setRowIcon(index, result);
 }
 
 void whiteboard::onFileTransferStatusEvent(anyID transferID, uint status, QString statusMessage, uint64 remotefileSize,

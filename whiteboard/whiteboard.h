@@ -127,7 +127,7 @@ private:
 
     QString fetchPicture(uint64 channel, const QString& remotePath, uint64 size, QObject* controller);
     void fillParticipantList();
-    void setRowIcon(int row, const char* path);
+    void setRowIcon(int row, bool hasPicture);
     int indexOf(uint64 connection, anyID client) const;
     void removeParticipant(uint64 connection, anyID client);
 

@@ -103,6 +103,7 @@ void tst_mytreeitem::stateOfAChannelBringsIconAndToolTip()
     QVERIFY(!expected.isNull());
     QCOMPARE(row.icon(0).pixmap(16).toImage(), expected);
     QTEST(row.toolTip(0), "toolTip");
+    QTEST(row.data(0, Qt::AccessibleDescriptionRole).toString(), "toolTip");
 }
 
 void tst_mytreeitem::pluginShowsAtOnceOnlyInAFreshRow_data() { stateBringsIconAndToolTip_data(); }

@@ -3,6 +3,7 @@
 #include "sessionfixture.h"
 #include "windowparts.h"
 
+#include <QAccessible>
 #include <QListWidget>
 #include <QScrollBar>
 #include <QtTest>
@@ -109,6 +110,10 @@ void tst_participantlist::downloadResultsShowAsIcons()
     QVERIFY(isIcon(rowIcon(window, 1), ":/gfx/gfx/apply.png"));
     QVERIFY(isIcon(rowIcon(window, 2), ":/gfx/gfx/cancel.png"));
     QVERIFY(!isIcon(rowIcon(window, 1), ":/gfx/gfx/cancel.png"));
+    // The icons can be heard, too.
+    const QAccessibleInterface* list = QAccessible::queryAccessibleInterface(window->findChild<QListWidget*>());
+    QCOMPARE(list->child(1)->text(QAccessible::Description), QString("has the picture"));
+    QCOMPARE(list->child(2)->text(QAccessible::Description), QString("has no picture"));
     // Who failed goes on painting.
     fixture->receive(1, QByteArray("\x11 4 \x02 #0000ff 9 50|50 50|50"));
     QCOMPARE(pixel(window, 50, 50), QColor(Qt::blue).rgba());
