@@ -321,6 +321,7 @@ void tst_prompts::questionKeepsTheSizeOfABox_data()
     QTest::newRow("one long word") << QString(100000, 'W');
     QTest::newRow("many words") << QString("word ").repeated(2000);
     QTest::newRow("many lines") << QString("l\n").repeated(500);
+    QTest::newRow("right to left") << QString::fromUtf8("\xe2\x80\xae\xd7\x90\xd7\x91 abc \xe2\x80\xab").repeated(1000);
 }
 
 void tst_prompts::questionKeepsTheSizeOfABox()

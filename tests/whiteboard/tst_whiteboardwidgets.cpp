@@ -55,6 +55,11 @@ void tst_whiteboardwidgets::titleNamesTheServer_data()
     QTest::newRow("not Latin-1") << QByteArray("\xd0\x9c\xd0\xb8\xd1\x80")
                                  << QString::fromUtf8("Kelvor - Whiteboard on \xd0\x9c\xd0\xb8\xd1\x80");
     QTest::newRow("HTML") << QByteArray("<b>x</b>") << QString("Kelvor - Whiteboard on <b>x</b>");
+    QTest::newRow("very long") << QByteArray(10000, 'w') << "Kelvor - Whiteboard on " + QString(10000, 'w');
+    QTest::newRow("line breaks") << QByteArray("a\nb\r\n\x1b[31m")
+                                 << QString("Kelvor - Whiteboard on a\nb\r\n\x1b[31m");
+    QTest::newRow("right to left") << QByteArray("\xe2\x80\xae\xd7\x90 abc")
+                                   << QString::fromUtf8("Kelvor - Whiteboard on \xe2\x80\xae\xd7\x90 abc");
     QTest::newRow("marker") << QByteArray("%1 %2") << QString("Kelvor - Whiteboard on %1 %2");
     QTest::newRow("empty") << QByteArray() << QString("Kelvor - Whiteboard on ");
 }
@@ -64,7 +69,9 @@ void tst_whiteboardwidgets::titleNamesTheServer()
     QFETCH(QByteArray, name);
     QFETCH(QString, title);
     fixture->host.servers[1].name = name;
-    QCOMPARE(fixture->openHost({2})->windowTitle(), title);
+    const whiteboard* window = fixture->openHost({2});
+    QCOMPARE(window->windowTitle(), title);
+    QCOMPARE(window->width(), 700);
     QCOMPARE(fixture->host.outstanding, 0);
 }
 
