@@ -61,7 +61,11 @@ double countInstructions(const QString& program, const QStringList& arguments)
     const QStringList options{QString::fromLatin1("--tool=callgrind"),
                               QString::fromLatin1("--callgrind-out-file=/dev/null"),
                               QString::fromLatin1("--toggle-collect=") + QLatin1String(countedFunction), program};
-    return numberBehind(QString::fromLatin1("Collected"), output(valgrind, options + arguments));
+    const double count = numberBehind(QString::fromLatin1("Collected"), output(valgrind, options + arguments));
+    // The function's name is told to valgrind as a text, which nothing else would miss.
+    if (count <= 0)
+        qFatal("valgrind counted nothing in %s", countedFunction);
+    return count;
 }
 
 } // namespace
