@@ -271,7 +271,7 @@ void tst_disorder::aFarewellAfterTheClientLeftChangesNothing()
     QVERIFY(people.startSession());
     people.boardOf(3)->close();
     QList<letter> farewells = people.takeLetters();
-    for (const anyID member : {1, 2}) {
+    for (const anyID member : {anyID{1}, anyID{2}}) {
         people.act(member,
                    [member](kelvor& controller) { controller.handleClientMove(member, 3, 1, 0, LEAVE_VISIBILITY); });
     }
