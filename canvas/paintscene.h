@@ -45,7 +45,7 @@ public:
     void setColor(const QColor& color);
 
     /// What peers painted. thick may be any number; a tool or a list that makes no sense paints nothing.
-    void applyDraw(char tool, const QColor& color, qreal thick, QList<QPoint> points);
+    void applyDraw(char tool, const QColor& color, qreal thick, QList<QPoint> path);
     void applyExtendedDraw(char tool, const QString& data);
 
     /// The local user's acts (send true) work on the selection, or on all when there is none, and are emitted. The

@@ -159,7 +159,7 @@ char* putReal(char* out, qreal value)
     // them as its first six significant digits, since a double holds fifteen.
     const qreal thousandths = value * 1000;
     if (thousandths >= 1 && thousandths < 999999) {
-        const int rounded = static_cast<int>(thousandths + 0.5);
+        const int rounded = static_cast<int>(std::lround(thousandths));
         if (rounded / 1000.0 == value)
             return putThousandths(out, rounded);
     }
