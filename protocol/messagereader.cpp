@@ -8,8 +8,6 @@ namespace {
 // Kinds 9 to 13 are whitespace, so what scans or trims must not see the kind.
 const char* behindKind(const char* text) { return *text ? text + 1 : text; }
 
-QString toText(std::string_view part) { return QString::fromLatin1(part.data(), static_cast<int>(part.size())); }
-
 char firstByte(std::string_view part) { return part.empty() ? '\0' : part.front(); }
 
 // Trimming happens on the text, not on the bytes: the bytes 0x85 and 0xa0 are blanks there.

@@ -1,7 +1,5 @@
 #include "wirenumbers.h"
 
-#include <QString>
-
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
@@ -10,8 +8,6 @@
 namespace {
 
 bool isDigit(char byte) { return byte >= '0' && byte <= '9'; }
-
-QString toText(std::string_view part) { return QString::fromLatin1(part.data(), static_cast<int>(part.size())); }
 
 // Reads digits from first on, at most as many as T surely holds. Returns the place behind them, or null when there are
 // none or too many.
@@ -75,6 +71,8 @@ char* putThousandths(char* out, int thousandths)
 } // namespace
 
 namespace wire {
+
+QString toText(std::string_view part) { return QString::fromLatin1(part.data(), static_cast<int>(part.size())); }
 
 unsigned int toUInt(std::string_view part)
 {

@@ -3,13 +3,17 @@
 #include "hostapi/hosttypes.h"
 
 #include <QPoint>
+#include <QString>
 
 #include <string_view>
 
-/// Numbers as they stand on the wire. Reading never fails: what is no number is 0. Digits alone, which is what peers
-/// write, are read and written here; everything else goes to the toolkit's own conversion, whose rules for blanks,
-/// signs and overflow are what peers rely on.
+/// Texts and numbers as they stand on the wire. Reading a number never fails: what is no number is 0. Digits alone,
+/// which is what peers write, are read and written here; everything else goes to the toolkit's own conversion, whose
+/// rules for blanks, signs and overflow are what peers rely on.
 namespace wire {
+
+/// The bytes of the part as Latin-1.
+QString toText(std::string_view part);
 
 /// As QString::toUInt, toInt, toULongLong and toDouble read the part.
 unsigned int toUInt(std::string_view part);
