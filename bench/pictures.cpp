@@ -27,7 +27,8 @@ void paintPatches(QImage& picture)
     for (int patch = 0; patch < 400; ++patch) {
         const int x = static_cast<int>(random() % static_cast<unsigned>(picture.width()));
         const int y = static_cast<int>(random() % static_cast<unsigned>(picture.height()));
-        painter.fillRect(x, y, picture.width() / 30, picture.height() / 40, QColor::fromRgb(random()));
+        painter.fillRect(x, y, picture.width() / 30, picture.height() / 40,
+                         QColor::fromRgb(static_cast<QRgb>(random())));
     }
 }
 
