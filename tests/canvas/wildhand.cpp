@@ -156,11 +156,12 @@ void wildhand::useEffect()
         &paintscene::flipHorizontally, &paintscene::flipVertically, &paintscene::swapChannels,
         &paintscene::invertColors, &paintscene::grayscale};
     const int number = upTo(5);
+    const auto operation = operations[number];
     const auto message = static_cast<kelvortool>(static_cast<char>(kelvortool::fliphorizontally) + number);
     if (upTo(10) == 0) {
         both([&] { real.clearCanvas(true); }, [&] { oracle.clear(); });
     } else {
-        both([&] { (real.*operations[number])(true, QString()); }, [&] { oracle.apply(message); });
+        both([&] { (real.*operation)(true, QString()); }, [&] { oracle.apply(message); });
     }
 }
 
