@@ -1,6 +1,14 @@
 #include "packedvalues.h"
 
+#include <QList>
+
+#include <algorithm>
+#include <iterator>
+
 namespace {
+
+// How the value of an object begins. A text that begins so is written with a second sign, or told to be a text.
+constexpr const char* marks[] = {"@Variant(", "@DateTime("};
 
 // The value of a digit, base or more when it is none.
 int digitOf(char byte, int base)
@@ -46,26 +54,66 @@ QByteArray joinedLetters(const QByteArray& ini)
     return letters;
 }
 
-// A doubled sign stands for itself, and so does all of a text that is told to be one: the toolkit writes it so when it
-// begins with the sign and holds a NUL.
-bool isText(const QByteArray& letters, int at)
+bool isKey(const QByteArray& name)
 {
-    constexpr int told = 8;
-    return (at > 0 && letters.at(at - 1) == '@') || (at >= told && letters.mid(at - told, told) == "@String(");
+    return !name.isEmpty() && std::all_of(name.begin(), name.end(), [](char byte) {
+        return (byte >= '0' && byte <= '9') || (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z');
+    });
 }
 
-bool holds(const QByteArray& letters, const char* mark)
+// Whether the value is of the toolkit's own writing: quoted as a whole or not at all, one text and no list.
+bool isPlainValue(const QByteArray& value)
 {
-    int at = letters.indexOf(mark);
-    while (at >= 0 && isText(letters, at))
-        at = letters.indexOf(mark, at + 1);
-    return at >= 0;
+    const bool quoted = value.startsWith('"');
+    for (int at = quoted ? 1 : 0; at < value.size(); ++at) {
+        const char byte = value.at(at);
+        if (byte == '\\' && ++at == value.size())
+            return false;
+        if (byte == '"')
+            return quoted && at + 1 == value.size();
+        if (!quoted && (byte == ',' || byte == ';'))
+            return false;
+    }
+    return !quoted;
+}
+
+enum class linekind { text, packed, odd };
+
+// What stands in one line of a file in which no quotation and no backslash reaches beyond its line.
+linekind kindOf(const QByteArray& line)
+{
+    if (line.isEmpty() || (line.startsWith('[') && line.indexOf(']') == line.size() - 1 && !line.contains('"')))
+        return linekind::text;
+    const int equals = line.indexOf('=');
+    const QByteArray value = line.mid(equals + 1).trimmed();
+    if (equals < 0 || line.contains('\r') || !isKey(line.left(equals)) || !isPlainValue(value))
+        return linekind::odd;
+    const QByteArray letters = joinedLetters(value);
+    const auto begins = [&letters](const char* mark) { return letters.startsWith(mark); };
+    return std::any_of(std::begin(marks), std::end(marks), begins) ? linekind::packed : linekind::text;
+}
+
+// Whether a mark stands anywhere at all, however the letters are brought together.
+bool mayHoldMark(const QByteArray& ini)
+{
+    QByteArray letters = joinedLetters(ini);
+    const auto isSpace = [](char byte) { return byte >= 0 && byte <= ' '; };
+    letters.truncate(static_cast<int>(std::remove_if(letters.begin(), letters.end(), isSpace) - letters.begin()));
+    return std::any_of(std::begin(marks), std::end(marks),
+                       [&letters](const char* mark) { return letters.contains(mark); });
 }
 
 } // namespace
 
 bool holdsPackedValues(const QByteArray& ini)
 {
-    const QByteArray letters = joinedLetters(ini);
-    return holds(letters, "@Variant(") || holds(letters, "@DateTime(");
+    bool packed = false;
+    for (const QByteArray& line : ini.split('\n')) {
+        const linekind kind = kindOf(line);
+        // One line that the toolkit would not write, and nobody knows where it sees the next one begin.
+        if (kind == linekind::odd)
+            return mayHoldMark(ini);
+        packed = packed || kind == linekind::packed;
+    }
+    return packed;
 }
