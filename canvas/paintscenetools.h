@@ -19,7 +19,7 @@ inline QPoint pixelUnder(const QMouseEvent& event)
 /// A mouse event on its way to a tool, and what the tool asks of the canvas in return.
 struct paintscene::toolevent {
     explicit toolevent(const QMouseEvent& event)
-        : button(event.button())
+        : button(static_cast<int>(event.button()))
         , buttons(event.buttons())
         , modifiers(event.modifiers())
         , pos(pixelUnder(event))

@@ -29,16 +29,44 @@ set(KELVOR_RUNTIME_DIR ${CMAKE_BINARY_DIR}/runtime)
 file(MAKE_DIRECTORY ${KELVOR_RUNTIME_DIR})
 file(CHMOD ${KELVOR_RUNTIME_DIR} DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
 
-# kelvor_test(NAME LINKS target... [ENVIRONMENT var=value...] [TIMEOUT seconds] [SOURCES file...]): the program NAME.cpp of
-# the calling folder as a test, run without a display of its own.
+# kelvor_share_headers(OWNER TARGET): the target takes the toolkit's headers as the owner has them, compiled once: most of
+# a small source's compiling would be reading them. It must link the modules of Qt that the owner links; the compiler
+# refuses it otherwise.
+function(kelvor_share_headers owner target)
+  target_precompile_headers(${target} REUSE_FROM ${owner})
+  # Mostly empty, and quicker read without.
+  set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/${target}_autogen/mocs_compilation.cpp
+    PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
+endfunction()
+
+# kelvor_test_part(NAME SOURCES file... LINKS target...): what several tests share, target kelvor_NAME.
+function(kelvor_test_part name)
+  cmake_parse_arguments(PART "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(kelvor_${name} STATIC ${PART_SOURCES})
+  target_include_directories(kelvor_${name} PUBLIC ${PROJECT_SOURCE_DIR})
+  target_link_libraries(kelvor_${name} PUBLIC kelvor_settings Qt5::Test Qt5::Widgets ${PART_LINKS})
+  kelvor_share_headers(kelvor_testsupport kelvor_${name})
+endfunction()
+
+# kelvor_test(NAME LINKS target... [ENVIRONMENT var=value...] [TIMEOUT seconds] [SOURCES file...]
+# [HEADERS owner]): the program NAME.cpp of the calling folder as a test, run without a display of its own. The owner of
+# the toolkit's compiled headers is kelvor_testsupport if none is told, none if "none" is. Its class is the only one with a
+# meta object among the sources; others belong into a part. So one call of moc does for it, where AUTOMOC took seconds.
 function(kelvor_test name)
-  cmake_parse_arguments(TEST "" "TIMEOUT" "LINKS;ENVIRONMENT;SOURCES" ${ARGN})
+  cmake_parse_arguments(TEST "" "TIMEOUT;HEADERS" "LINKS;ENVIRONMENT;SOURCES" ${ARGN})
   if(NOT TEST_TIMEOUT)
     set(TEST_TIMEOUT 120)
   endif()
-  add_executable(${name} ${name}.cpp ${TEST_SOURCES})
-  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
+  qt5_generate_moc(${name}.cpp ${CMAKE_CURRENT_BINARY_DIR}/${name}.moc TARGET ${name})
+  add_executable(${name} ${name}.cpp ${TEST_SOURCES} ${CMAKE_CURRENT_BINARY_DIR}/${name}.moc)
+  set_target_properties(${name} PROPERTIES AUTOMOC OFF AUTOUIC OFF)
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR} ${CMAKE_CURRENT_BINARY_DIR})
   target_link_libraries(${name} PRIVATE kelvor_settings Qt5::Test ${TEST_LINKS})
+  if(NOT TEST_HEADERS)
+    kelvor_share_headers(kelvor_testsupport ${name})
+  elseif(NOT TEST_HEADERS STREQUAL none)
+    kelvor_share_headers(${TEST_HEADERS} ${name})
+  endif()
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES TIMEOUT ${TEST_TIMEOUT}
     ENVIRONMENT "QT_QPA_PLATFORM=offscreen;XDG_RUNTIME_DIR=${KELVOR_RUNTIME_DIR};LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0;${TEST_ENVIRONMENT}")

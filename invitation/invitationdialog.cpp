@@ -88,7 +88,7 @@ void invitationdialog::makeLegend()
         auto* markLabel = new QLabel(legend);
         markLabel->setPixmap(mark);
         // A line in the colour of the text: no mark sinks into its background, whatever the user's colours are.
-        markLabel->setFrameStyle(QFrame::Box | QFrame::Plain);
+        markLabel->setFrameShape(QFrame::Box);
         layout->addWidget(markLabel, 0, Qt::AlignVCenter);
         layout->addWidget(new QLabel(QString::fromLatin1(entry.text), legend));
     }
