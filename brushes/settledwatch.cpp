@@ -5,8 +5,6 @@
 #include <QImage>
 #include <QPainter>
 
-#include <algorithm>
-
 namespace {
 
 /// Pixels across and down of the parts that are looked at.
@@ -31,6 +29,11 @@ bool settledwatch::settledAfter(qint64 pixels)
     painted += pixels;
     if (!picture || painted < lookAt)
         return false;
+    if (!looked && !treatsPlacesAlike()) {
+        picture = nullptr;
+        return false;
+    }
+    looked = true;
     lookAt = growth * painted;
     return clipToUnsettled();
 }
@@ -62,21 +65,33 @@ bool settledwatch::isSettled(const QRect& part) const
     return staysAsItIs(QRect(part.topLeft(), QSize(part.width(), 1))) && staysAsItIs(part);
 }
 
-/// For a half-transparent colour only opaque pixels are sure: others the toolkit rounds differently from place to
-/// place.
 bool settledwatch::staysAsItIs(const QRect& part) const
 {
     const QImage before = picture->copy(part);
-    const bool sure = painter->pen().brush().isOpaque();
-    for (int y = 0; y < before.height() && !sure; ++y) {
-        const auto* pixels = reinterpret_cast<const QRgb*>(before.constScanLine(y));
-        if (std::any_of(pixels, pixels + before.width(), [](QRgb pixel) { return qAlpha(pixel) != 0xff; }))
-            return false;
-    }
-    QImage after = before;
-    QPainter trial(&after);
+    return fillSpans(before, part.width()) == before;
+}
+
+QImage settledwatch::fillSpans(QImage picture, int length) const
+{
+    QPainter trial(&picture);
     trial.setCompositionMode(painter->compositionMode());
-    trial.fillRect(after.rect(), painter->pen().brush());
+    for (int left = 0; left < picture.width(); left += length)
+        trial.fillRect(QRect(left, 0, length, picture.height()), painter->pen().brush());
     trial.end();
-    return after == before;
+    return picture;
+}
+
+/// Whether the toolkit does the same to a pixel wherever it lies in a span. For pixels that are not opaque it may not:
+/// it treats several at once, and the last ones of a span one by one, which may round differently.
+bool settledwatch::treatsPlacesAlike() const
+{
+    if (painter->pen().brush().isOpaque())
+        return true;
+    // The colours of a pixel do not depend on each other, so these are all that there can be.
+    QImage all(256, 256, picture->format());
+    for (int alpha = 0; alpha < 256; ++alpha) {
+        for (int value = 0; value < 256; ++value)
+            all.setPixel(value, alpha, qRgba(value, value, value, alpha));
+    }
+    return fillSpans(all, all.width()) == fillSpans(all, 1);
 }

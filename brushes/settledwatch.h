@@ -1,9 +1,9 @@
 #pragma once
 
+#include <QImage>
 #include <QRegion>
 #include <QtGlobal>
 
-class QImage;
 class QPainter;
 
 /// Spares painting during a long stroke where more of it changes nothing: keeps the painter's clip off those parts, and
@@ -28,10 +28,14 @@ private:
     bool clipToUnsettled();
     bool isSettled(const QRect& part) const;
     bool staysAsItIs(const QRect& part) const;
+    bool treatsPlacesAlike() const;
+    /// The picture, all of it painted over in spans of this length.
+    QImage fillSpans(QImage picture, int length) const;
 
     QPainter* painter;
-    const QImage* picture;
+    const QImage* picture; ///< null when it is not looked at
     qint64 painted = 0;
     qint64 lookAt;
+    bool looked = false;
     QRegion settled;
 };

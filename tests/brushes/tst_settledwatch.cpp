@@ -38,6 +38,7 @@ private slots:
     void pictureOfAnotherColourIsNot();
     void onePixelOfAnotherColourIsEnough();
     void halfTransparentColourSettlesWhereItAddsNothing();
+    void nearlyTransparentColourSettlesInTheEnd();
     void clearedPictureIsSettledForClearing();
     void looksOnlyAfterEnoughPainting();
     void looksLessAndLessOften();
@@ -74,6 +75,23 @@ void tst_settledwatch::halfTransparentColourSettlesWhereItAddsNothing()
     QVERIFY(!settled(whiteCanvas(), color));
     QVERIFY(settled(filled(0xffff0000), color));
     QVERIFY(!settled(filled(0x5aff0000), color));
+}
+
+void tst_settledwatch::nearlyTransparentColourSettlesInTheEnd()
+{
+    // On pixels that are not opaque, which stay so.
+    const QColor color(255, 0, 0, 1);
+    QImage canvas = filled(0x20305070);
+    int passes = 0;
+    for (QImage last; last != canvas; ++passes) {
+        QVERIFY(!settled(canvas, color) || passes > 0);
+        last = canvas;
+        QPainter(&canvas).fillRect(canvas.rect(), color);
+    }
+    QVERIFY(passes > 10 && passes < 300);
+    QVERIFY(qAlpha(canvas.pixel(0, 0)) < 0xff);
+    QVERIFY(settled(canvas, color));
+    QVERIFY(!settled(canvas, QColor(0, 0, 255, 1)));
 }
 
 void tst_settledwatch::clearedPictureIsSettledForClearing()
