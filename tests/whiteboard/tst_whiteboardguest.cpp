@@ -4,11 +4,9 @@
 #include "tests/support/whenopen.h"
 #include "windowparts.h"
 
-#include <QBuffer>
 #include <QInputDialog>
 #include <QLabel>
 #include <QListWidget>
-#include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -30,13 +28,6 @@ private slots:
     void passwordIsAskedHidden();
     void openChannelAsksNothing_data();
     void openChannelAsksNothing();
-    void cancelledPasswordGivesAWhitePicture();
-
-    void refusedTransferGivesAWhitePicture();
-    void closedTransferGivesAWhitePicture();
-    void unreadablePictureGivesAWhitePicture_data();
-    void unreadablePictureGivesAWhitePicture();
-    void emptyPathIsTriedAllTheSame();
 
     void messagesDuringTheTransferAreLost();
     void resultThatPassedBeforeShowsNoIcon();
@@ -56,30 +47,7 @@ private:
 
 namespace {
 
-// Noise, which no format packs, so that half of the file is half of the picture.
-QByteArray wholePicture()
-{
-    QRandomGenerator random(1);
-    QImage picture(100, 100, QImage::Format_RGB32);
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x)
-            picture.setPixel(x, y, random.generate());
-    }
-    QBuffer file;
-    file.open(QIODevice::WriteOnly);
-    picture.save(&file, "PNG");
-    return file.data();
-}
-
-const QByteArray failedToAll("\x14 1 false");
 const QByteArray fetchedToAll("\x14 1 true");
-
-bool isWhite(whiteboard* window)
-{
-    QImage white(300, 200, QImage::Format_ARGB32);
-    white.fill(Qt::white);
-    return canvasOf(window)->picture() == white;
-}
 
 } // namespace
 
@@ -216,90 +184,6 @@ void tst_whiteboardguest::openChannelAsksNothing()
     QCOMPARE(fixture->host.requests.size(), 1);
     QCOMPARE(fixture->host.requests[0].password, QByteArray());
     QCOMPARE(fixture->host.takeTexts(), QList<QByteArray>{fetchedToAll});
-}
-
-void tst_whiteboardguest::cancelledPasswordGivesAWhitePicture()
-{
-    const whenopen<QInputDialog> user([](QInputDialog& prompt) { prompt.reject(); });
-    whiteboard* window = fixture->openGuest({3, 2}, 7, "/b.png");
-    QVERIFY(user.ran());
-    QVERIFY(fixture->host.requests.isEmpty());
-    const QList<sentcommand> sent = fixture->host.takeSent();
-    QCOMPARE(sent.size(), 1);
-    QCOMPARE(sent[0].text, failedToAll);
-    QCOMPARE(sent[0].targets, (QList<anyID>{3, 2}));
-    QVERIFY(isWhite(window));
-    QVERIFY(isIcon(rowIcon(window, 1), ":/gfx/gfx/apply.png"));
-    QSignalSpy relayed(window, &whiteboard::fileTransferStatus);
-    emit fixture->controller.fileTransferStatus(100, ERROR_file_transfer_complete, QString(), 0, 1);
-    QCOMPARE(relayed.size(), 0);
-}
-
-void tst_whiteboardguest::refusedTransferGivesAWhitePicture()
-{
-    fixture->host.failing.insert("requestFile");
-    whiteboard* window = fixture->openGuest({2}, 1, "/b.png");
-    QCOMPARE(fixture->host.takeTexts(), QList<QByteArray>{failedToAll});
-    QVERIFY(isWhite(window));
-    QVERIFY(window->isVisible());
-    QVERIFY(fixture->host.printed.isEmpty());
-}
-
-void tst_whiteboardguest::closedTransferGivesAWhitePicture()
-{
-    fixture->pictureFile("b.png", Qt::red);
-    const whenopen<ts3downloaddialog> user([](ts3downloaddialog& dialog) { dialog.close(); });
-    whiteboard* window = fixture->openGuest({2}, 1, "/b.png");
-    QVERIFY(user.ran());
-    QCOMPARE(fixture->host.takeTexts(), QList<QByteArray>{failedToAll});
-    QVERIFY(isWhite(window));
-}
-
-void tst_whiteboardguest::unreadablePictureGivesAWhitePicture_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<bool>("background");
-    QTest::newRow("garbage") << QByteArray("no picture") << false;
-    QTest::newRow("empty") << QByteArray() << false;
-    QTest::newRow("garbage as background") << QByteArray("no picture") << true;
-    const QByteArray whole = wholePicture();
-    QCOMPARE(QImage::fromData(whole).size(), QSize(100, 100));
-    QTest::newRow("half of a picture") << whole.left(whole.size() / 2) << false;
-    QTest::newRow("half of a picture as background") << whole.left(whole.size() / 2) << true;
-    QTest::newRow("all but the end of a picture") << whole.left(whole.size() - 20) << false;
-}
-
-void tst_whiteboardguest::unreadablePictureGivesAWhitePicture()
-{
-    QFETCH(QByteArray, content);
-    QFETCH(bool, background);
-    const whenopen<ts3downloaddialog> user([this, content](ts3downloaddialog&) {
-        QFile file(fixture->directory.filePath("b.png"));
-        if (file.open(QIODevice::WriteOnly))
-            file.write(content);
-        file.close();
-        fixture->completeTransfer();
-    });
-    whiteboard* window = fixture->openGuest({2}, 1, "/b.png", background);
-    QVERIFY(user.ran());
-    // The transfer itself went well, and that is what is told.
-    QCOMPARE(fixture->host.takeTexts(), QList<QByteArray>{fetchedToAll});
-    QCOMPARE(canvasOf(window)->grab().toImage().pixel(10, 10), QColor(Qt::white).rgba());
-    fixture->receive(1, "\x11 2 \x02 #ff0000 9 50|50 50|50");
-    QCOMPARE(pixel(window, 50, 50), QColor(Qt::red).rgba());
-}
-
-void tst_whiteboardguest::emptyPathIsTriedAllTheSame()
-{
-    const whenopen<ts3downloaddialog> user([this](ts3downloaddialog&) { fixture->completeTransfer(); });
-    whiteboard* window = fixture->openGuest({2}, 1, QString());
-    QVERIFY(user.ran());
-    QCOMPARE(fixture->host.requests.size(), 1);
-    QCOMPARE(fixture->host.requests[0].path, QByteArray());
-    QCOMPARE(fixture->host.requests[0].channel, uint64(1));
-    // Without a name no file can have come.
-    QCOMPARE(fixture->host.takeTexts(), QList<QByteArray>{failedToAll});
-    QVERIFY(isWhite(window));
 }
 
 void tst_whiteboardguest::messagesDuringTheTransferAreLost()

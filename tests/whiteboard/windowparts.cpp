@@ -90,6 +90,13 @@ bool isIcon(const QIcon& icon, const char* path)
     return icon.pixmap(16).toImage() == QIcon(QLatin1String(path)).pixmap(16).toImage();
 }
 
+bool isWhite(whiteboard* window)
+{
+    QImage white(300, 200, QImage::Format_ARGB32);
+    white.fill(Qt::white);
+    return canvasOf(window)->picture() == white;
+}
+
 void drag(whiteboard* window)
 {
     QWidget* canvas = canvasOf(window);

@@ -29,6 +29,9 @@ QStringList rows(whiteboard* window);
 QIcon rowIcon(whiteboard* window, int row);
 bool isIcon(const QIcon& icon, const char* path);
 
+/// Whether the canvas of a session's window is as large as the fixture's sessions, and white all over.
+bool isWhite(whiteboard* window);
+
 /// One drag over the canvas of three positions: 40|40, 60|50, 80|60.
 void drag(whiteboard* window);
 
