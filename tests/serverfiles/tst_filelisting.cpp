@@ -149,11 +149,12 @@ void tst_filelisting::foreignNamesStayPlainAndOnTheirLine_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("shown");
-
-    QTest::newRow("HTML") << "<img src=/dev/zero>.png"
-                          << "<img src=/dev/zero>.png";
+    const QString tag = "<img src=/dev/zero>.png";
+    QTest::newRow("HTML") << tag << tag;
     QTest::newRow("line breaks") << "\na\nb.png"
                                  << " a b.png";
+    const QString turned = QChar(0x202e) + QString("gnp.exe.png");
+    QTest::newRow("right to left") << turned << turned;
     QTest::newRow("very long") << QString(100000, 'w') + ".png"
                                << QString(127, 'w') + QChar(0x2026) + QString(123, 'w') + ".png";
 }
