@@ -1,10 +1,10 @@
 #include "spray.h"
 
+#include "countedspray.h"
 #include "discchain.h"
 #include "discshape.h"
 #include "patterntile.h"
 #include "spraycoverage.h"
-#include "spraylayers.h"
 #include "strokes.h"
 
 #include <QBrush>
@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <memory>
 #include <vector>
 
 namespace {
@@ -92,14 +93,21 @@ QRect areaOf(const QRect& picture, const discshape& shape, const QList<QPoint>& 
     return shape.reachOf(QRect(inReach(left->x(), top->y()), inReach(right->x(), bottom->y()))).intersected(picture);
 }
 
+/// The first row of a picture of which it is known what a pattern makes of each pixel; null for any other.
+QRgb* predictablePixels(const QPainter* painter)
+{
+    const bool predictable =
+        painter->compositionMode() == QPainter::CompositionMode_SourceOver && painter->brushOrigin().isNull();
+    return predictable ? strokes::plainPixels(painter) : nullptr;
+}
+
 /// The rectangles are one row high, and every pixel in them is opaque or has no alpha.
 void drawRows(QPainter* painter, const QBrush& brush, const QVector<QRect>& rectangles)
 {
     if (rectangles.isEmpty())
         return;
-    QRgb* const pixels = strokes::plainPixels(painter);
-    if (!pixels || painter->compositionMode() != QPainter::CompositionMode_SourceOver
-        || !painter->brushOrigin().isNull()) {
+    QRgb* const pixels = predictablePixels(painter);
+    if (!pixels) {
         painter->drawRects(rectangles);
         return;
     }
@@ -145,14 +153,17 @@ void drawPath(QPainter* painter, const QColor& color, qreal thick, const QList<Q
     painter->setPen(Qt::NoPen);
     if (QBrush(color).isOpaque() && drawTogether(painter, color, areaOf(picture, shape, points), shape, segments))
         return;
-    // In layers some half-transparent pixels come out a shade off, for the toolkit rounds them in groups.
-    const bool few = discPixels(picture, shape, segments) <= mostDiscPixels;
+    // Counted, some half-transparent pixels come out a shade off, for the toolkit rounds a few by their place in a
+    // span.
+    std::unique_ptr<countedspray> counted;
+    if (predictablePixels(painter) && discPixels(picture, shape, segments) > mostDiscPixels)
+        counted.reset(new countedspray(painter, color));
     for (const segment& each : segments) {
         painter->setBrush(patternBrush(color, each.pattern));
-        if (few)
-            drawDiscs(painter, shape, each.chain);
+        if (counted)
+            counted->draw(painter->brush(), shape, each.chain);
         else
-            drawLayers(painter, shape, each.chain);
+            drawDiscs(painter, shape, each.chain);
     }
 }
 

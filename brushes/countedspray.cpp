@@ -1,0 +1,168 @@
+#include "countedspray.h"
+
+#include "strokes.h"
+
+#include <QBrush>
+#include <QImage>
+#include <QPainter>
+
+#include <algorithm>
+#include <functional>
+#include <numeric>
+#include <utility>
+
+namespace {
+
+/// Pixels across and down of a pattern, which begins at the picture's corner.
+constexpr int side = 8;
+
+/// A row is looked at after it was painted so many times, and then less and less often.
+constexpr int firstLook = 6;
+
+QImage covered(QImage picture, const QBrush& brush)
+{
+    QPainter painter(&picture);
+    painter.fillRect(picture.rect(), brush);
+    painter.end();
+    return picture;
+}
+
+/// Which pixels of a pattern take the colour.
+std::vector<bool> coloredPixels(const QBrush& brush)
+{
+    QImage clear(side, side, QImage::Format_ARGB32);
+    clear.fill(0);
+    const QImage tile = covered(clear, brush);
+    std::vector<bool> colored;
+    for (int y = 0; y < side; ++y) {
+        for (int x = 0; x < side; ++x)
+            colored.push_back(qAlpha(tile.pixel(x, y)) != 0);
+    }
+    return colored;
+}
+
+/// What the toolkit makes of every pixel that there can be, where a pattern takes the colour or in its holes.
+repeatedpass passOf(const QColor& color, bool inHoles)
+{
+    // Every second pixel of this pattern is a hole, so each value stands twice, side by side.
+    const QBrush brush(color, Qt::Dense4Pattern);
+    const std::vector<bool> colored = coloredPixels(brush);
+    QImage all(512, 256, QImage::Format_ARGB32);
+    for (int y = 0; y < all.height(); ++y) {
+        for (int x = 0; x < all.width(); ++x)
+            all.setPixel(x, y, qRgba(x / 2, x / 2, x / 2, y));
+    }
+    const QImage once = covered(all, brush);
+    std::vector<QRgb> results;
+    for (int alpha = 0; alpha < 256; ++alpha) {
+        for (int value = 0; value < 256; ++value) {
+            const std::size_t left = static_cast<std::size_t>(side * (alpha % side) + 2 * value % side);
+            results.push_back(once.pixel(2 * value + (colored[left] == inHoles ? 1 : 0), alpha));
+        }
+    }
+    return repeatedpass(std::move(results));
+}
+
+/// The discs of a chain that reach into the picture, from top to bottom.
+std::vector<QPoint> cornersFromTop(const discshape& shape, const discchain& chain, const QRect& picture)
+{
+    const discchain::range discs = chain.inside(shape.reachOf(picture));
+    std::vector<QPoint> corners;
+    for (qint64 i = discs.first; i < discs.last; ++i)
+        corners.push_back(shape.boxAround(chain.at(i)).topLeft());
+    if (!corners.empty() && corners.front().y() > corners.back().y())
+        std::reverse(corners.begin(), corners.end());
+    return corners;
+}
+
+} // namespace
+
+countedspray::countedspray(QPainter* painter, const QColor& color)
+    : picture(strokes::pictureRect(painter))
+    , pixels(strokes::plainPixels(painter))
+    , stride(strokes::pictureOf(painter)->bytesPerLine() / static_cast<int>(sizeof(QRgb)))
+    , pass(passOf(color, false))
+    , holePass(passOf(color, true))
+    , counts(static_cast<std::size_t>(picture.width()) + 1)
+    , leftmost(picture.width())
+    , everColored(static_cast<std::size_t>(side * side))
+    , rows(static_cast<std::size_t>(picture.height()),
+           {firstLook * qint64(picture.width()), firstLook * qint64(picture.width()), false})
+{
+    for (int pattern = Qt::Dense1Pattern; pattern <= Qt::Dense7Pattern; ++pattern) {
+        const std::vector<bool> colored = coloredPixels(QBrush(color, static_cast<Qt::BrushStyle>(pattern)));
+        std::transform(colored.begin(), colored.end(), everColored.begin(), everColored.begin(), std::logical_or<>());
+    }
+}
+
+void countedspray::draw(const QBrush& pattern, const discshape& shape, const discchain& chain)
+{
+    const std::vector<QPoint> corners = cornersFromTop(shape, chain, picture);
+    if (corners.empty())
+        return;
+    const std::vector<bool> colored = coloredPixels(pattern);
+    auto first = corners.begin();
+    auto last = first;
+    const int bottom = std::min(picture.bottom(), corners.back().y() + shape.size() - 1);
+    for (int row = std::max(picture.top(), corners.front().y()); row <= bottom; ++row) {
+        while (last != corners.end() && last->y() <= row)
+            ++last;
+        while (first != last && first->y() + shape.size() <= row)
+            ++first;
+        for (auto corner = first; corner != last && !rows[static_cast<std::size_t>(row)].settled; ++corner) {
+            const int inset = shape.rows()[static_cast<std::size_t>(row - corner->y())];
+            count(corner->x() + inset, corner->x() + shape.size() - inset);
+        }
+        paintRow(row, colored);
+    }
+}
+
+void countedspray::count(int left, int right)
+{
+    left = std::max(left, 0);
+    right = std::min(right, picture.width());
+    if (left >= right)
+        return;
+    leftmost = std::min(leftmost, left);
+    rightmost = std::max(rightmost, right);
+    ++counts[static_cast<std::size_t>(left)];
+    --counts[static_cast<std::size_t>(right)];
+}
+
+void countedspray::paintRow(int row, const std::vector<bool>& colored)
+{
+    if (leftmost >= rightmost)
+        return;
+    const auto begin = counts.begin() + leftmost;
+    const auto end = counts.begin() + rightmost;
+    std::partial_sum(begin, end, begin);
+    QRgb* line = pixels + row * stride;
+    for (int x = leftmost; x < rightmost; ++x) {
+        const int times = counts[static_cast<std::size_t>(x)];
+        const bool isColored = colored[static_cast<std::size_t>(side * (row % side) + x % side)];
+        if (times > 0)
+            line[x] = (isColored ? pass : holePass).after(times, line[x]);
+    }
+    std::fill(begin, end + 1, 0);
+    rowstate& state = rows[static_cast<std::size_t>(row)];
+    state.untilLook -= rightmost - leftmost;
+    leftmost = picture.width();
+    rightmost = 0;
+    if (state.untilLook <= 0) {
+        state.settled = isSettled(row);
+        state.nextLook *= 2;
+        state.untilLook = state.nextLook;
+    }
+}
+
+/// Whether no more discs change the row, whatever their patterns are.
+bool countedspray::isSettled(int row)
+{
+    const QRgb* line = pixels + row * stride;
+    for (int x = 0; x < picture.width(); ++x) {
+        const bool isColored = everColored[static_cast<std::size_t>(side * (row % side) + x % side)];
+        if ((isColored && pass.after(1, line[x]) != line[x]) || holePass.after(1, line[x]) != line[x])
+            return false;
+    }
+    return true;
+}
