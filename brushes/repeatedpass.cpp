@@ -1,6 +1,7 @@
 #include "repeatedpass.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <utility>
 
 repeatedpass::repeatedpass(std::vector<QRgb> once) { doublings.push_back(std::move(once)); }
@@ -19,7 +20,7 @@ QRgb repeatedpass::after(int times, QRgb pixel)
 
 QRgb repeatedpass::lookUp(const table& passes, QRgb pixel)
 {
-    const QRgb* row = passes.data() + 256 * qAlpha(pixel);
+    const QRgb* row = passes.data() + std::ptrdiff_t{256} * qAlpha(pixel);
     const QRgb red = row[qRed(pixel)];
     return qRgba(qRed(red), qGreen(row[qGreen(pixel)]), qBlue(row[qBlue(pixel)]), qAlpha(red));
 }
