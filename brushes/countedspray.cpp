@@ -19,6 +19,9 @@ constexpr int side = 8;
 /// A row is looked at after it was painted so many times, and then less and less often.
 constexpr int firstLook = 6;
 
+/// Which pixel of a pattern lies there.
+std::size_t placeInPattern(int x, int y) { return static_cast<std::size_t>(side * (y % side) + x % side); }
+
 QImage covered(QImage picture, const QBrush& brush)
 {
     QPainter painter(&picture);
@@ -56,8 +59,8 @@ repeatedpass passOf(const QColor& color, bool inHoles)
     std::vector<QRgb> results;
     for (int alpha = 0; alpha < 256; ++alpha) {
         for (int value = 0; value < 256; ++value) {
-            const std::size_t left = static_cast<std::size_t>(side * (alpha % side) + 2 * value % side);
-            results.push_back(once.pixel(2 * value + (colored[left] == inHoles ? 1 : 0), alpha));
+            const bool leftIsColored = colored[placeInPattern(2 * value, alpha)];
+            results.push_back(once.pixel(2 * value + (leftIsColored == inHoles ? 1 : 0), alpha));
         }
     }
     return repeatedpass(std::move(results));
@@ -139,7 +142,7 @@ void countedspray::paintRow(int row, const std::vector<bool>& colored)
     QRgb* line = pixels + row * stride;
     for (int x = leftmost; x < rightmost; ++x) {
         const int times = counts[static_cast<std::size_t>(x)];
-        const bool isColored = colored[static_cast<std::size_t>(side * (row % side) + x % side)];
+        const bool isColored = colored[placeInPattern(x, row)];
         if (times > 0)
             line[x] = (isColored ? pass : holePass).after(times, line[x]);
     }
@@ -160,7 +163,7 @@ bool countedspray::isSettled(int row)
 {
     const QRgb* line = pixels + row * stride;
     for (int x = 0; x < picture.width(); ++x) {
-        const bool isColored = everColored[static_cast<std::size_t>(side * (row % side) + x % side)];
+        const bool isColored = everColored[placeInPattern(x, row)];
         if ((isColored && pass.after(1, line[x]) != line[x]) || holePass.after(1, line[x]) != line[x])
             return false;
     }

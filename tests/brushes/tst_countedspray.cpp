@@ -90,13 +90,12 @@ void tst_countedspray::onHalfTransparentPixelsTheyNearlyAre()
 void tst_countedspray::discsBesideThePictureChangeNothing()
 {
     const discshape shape(20);
+    const QBrush brush(QColor(255, 0, 0, 90), Qt::Dense2Pattern);
     for (const discchain& chain :
          {discchain(QPoint(-30, -30), QPoint(-30, 200)), discchain(QPoint(0, 300), QPoint(90, 300)),
           discchain(QPoint(-100, 90), QPoint(90, -150))})
-        QCOMPARE(counted(clearCanvas(), QBrush(QColor(255, 0, 0, 90), Qt::Dense2Pattern), shape, chain), clearCanvas());
-    QCOMPARE(counted(clearCanvas(), QBrush(QColor(255, 0, 0, 90), Qt::Dense2Pattern), discshape(0),
-                     discchain(QPoint(9, 9), QPoint(9, 9))),
-             clearCanvas());
+        QCOMPARE(counted(clearCanvas(), brush, shape, chain), clearCanvas());
+    QCOMPARE(counted(clearCanvas(), brush, discshape(0), discchain(QPoint(9, 9), QPoint(9, 9))), clearCanvas());
 }
 
 void tst_countedspray::longChainIsCounted()
