@@ -4,16 +4,21 @@
 #include "invitation/invitationdialog.h"
 #include "invitation/invitetree.h"
 #include "invitation/mytreeitem.h"
+#include "serverfiles/ts3downloaddialog.h"
+#include "serverfiles/ts3filedialog.h"
 #include "whiteboard/whiteboard.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QColorDialog>
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QDoubleSpinBox>
 #include <QFile>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTableWidget>
 
 #include <utility>
 
@@ -21,33 +26,47 @@ namespace {
 
 constexpr char memberProperty[] = "member";
 
-QAction* actionOf(const whiteboard& board, const char* text)
+constexpr uint64 lockedChannel = 3;
+
+bool click(QAbstractButton* button)
 {
-    const QList<QAction*> actions = board.findChildren<QAction*>();
-    for (QAction* action : actions) {
-        if (action->text() == QLatin1String(text))
-            return action;
+    const bool enabled = button && button->isEnabled();
+    if (enabled)
+        button->click();
+    return enabled;
+}
+
+/// A step of the user of a file window: into a channel, then to its file, or to a name for a new one.
+bool browse(ts3filedialog& files, int row)
+{
+    auto* name = files.findChild<QLineEdit*>(QString::fromLatin1("filenameedit"));
+    if (name->isVisible() && name->isEnabled()) {
+        name->setText(QString::fromLatin1("new.png"));
+        files.accept();
+        return true;
     }
-    return nullptr;
+    auto* table = files.findChild<QTableWidget*>();
+    if (table->rowCount() == 0)
+        return false;
+    table->selectRow(row % table->rowCount());
+    return QMetaObject::invokeMethod(&files, "onTableDoubleClicked", Qt::QueuedConnection);
 }
 
 } // namespace
 
 company::company(int size, const QSize& canvas)
+    : files(canvas)
 {
-    QFile config(directory.filePath(QString::fromLatin1("kelvor.conf")));
-    if (!config.open(QIODevice::WriteOnly))
-        qFatal("no settings for the company");
-    config.write("[General]\ndownloaddir=" + QFile::encodeName(directory.path())
-                 + "\nonlyactivetab=false\ndefaultwidth=" + QByteArray::number(canvas.width())
-                 + "\ndefaultheight=" + QByteArray::number(canvas.height()) + '\n');
-    config.close();
+    if (!temporary.enter())
+        qFatal("no temporary directory for the company");
     host.configPath = QFile::encodeName(directory.path()) + '/';
     for (int member = 1; member <= size; ++member) {
+        writeSettings(member, canvas);
         fakeserver& server = host.addServer(static_cast<uint64>(member));
         server.ownID = static_cast<anyID>(member);
         for (int other = 2; other <= size; ++other)
             server.addClient(static_cast<anyID>(other), "Client " + QByteArray::number(other));
+        server.addChannel(lockedChannel, "Vault", 0, true);
         controllers.push_back(std::make_unique<kelvor>(host.table()));
         controllers.back()->setPluginCommandID("id");
     }
@@ -55,7 +74,18 @@ company::company(int size, const QSize& canvas)
     host.configPath = "/nonexistent/";
 }
 
-company::~company() = default;
+company::~company() { temporary.leave(); }
+
+void company::writeSettings(int member, const QSize& canvas)
+{
+    const QString downloads = directory.filePath(QString::number(member));
+    QFile config(directory.filePath(QString::fromLatin1("kelvor.conf")));
+    if (!QDir().mkpath(downloads) || !config.open(QIODevice::WriteOnly))
+        qFatal("no settings for the company");
+    config.write("[General]\ndownloaddir=" + QFile::encodeName(downloads)
+                 + "\nonlyactivetab=false\ndefaultwidth=" + QByteArray::number(canvas.width())
+                 + "\ndefaultheight=" + QByteArray::number(canvas.height()) + '\n');
+}
 
 template <typename Window> Window* company::windowOf(anyID member) const
 {
@@ -120,24 +150,53 @@ void company::play(const std::function<bool()>& step) { player.play(step); }
 void company::deliverAll()
 {
     QList<letter> underway;
+    QList<filerequest> requests;
     play([&] {
         if (answer(true))
             return true;
+        requests += takeRequests();
         underway += takeLetters();
-        if (underway.isEmpty())
+        if (!requests.isEmpty())
+            serve(requests.takeFirst());
+        else if (!underway.isEmpty())
+            deliver(underway.takeFirst());
+        else
             return false;
-        deliver(underway.takeFirst());
         return true;
     });
 }
 
-bool company::startSession()
+QList<filerequest> company::takeRequests() { return std::exchange(host.requests, {}); }
+
+void company::serve(const filerequest& request, bool whole)
+{
+    act(static_cast<anyID>(request.schid), [&](kelvor& controller) {
+        if (whole)
+            files.fulfil(request, controller);
+        else
+            files.breakOff(request, controller);
+    });
+}
+
+void company::choosePicture(startpicture picture)
+{
+    // In the loop in which the windows are answered that it opens.
+    QMetaObject::invokeMethod(lobbyOf(1)->findChild<QPushButton*>(QString::fromLatin1("loadbutton")), "click",
+                              Qt::QueuedConnection);
+    deliverAll();
+    if (picture == startpicture::background)
+        press(lobbyOf(1), "imagebgcheckbox");
+}
+
+bool company::startSession(startpicture picture)
 {
     play([this, opened = false]() mutable {
         if (!opened)
             act(1, [](kelvor& controller) { controller.openSession(1); });
         return !std::exchange(opened, true);
     });
+    if (picture != startpicture::none)
+        choosePicture(picture);
     for (anyID member = 2; member <= size(); ++member) {
         invite(1, member);
         deliverAll();
@@ -166,13 +225,33 @@ void company::invite(anyID sessionHost, anyID member)
     lobby->invite();
 }
 
-bool company::answer(bool yes)
+bool company::answer(bool yes, int row)
 {
-    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    QAbstractButton* button = box ? box->button(yes ? QMessageBox::Yes : QMessageBox::No) : nullptr;
-    if (button)
-        button->click();
-    return button;
+    auto* window = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (!window)
+        return false;
+    if (auto* box = qobject_cast<QMessageBox*>(window))
+        return click(box->button(yes ? QMessageBox::Yes : QMessageBox::No));
+    if (auto* files = qobject_cast<ts3filedialog*>(window); files && yes)
+        return browse(*files, row);
+    if (qobject_cast<ts3downloaddialog*>(window) && yes)
+        return false;
+    window->done(yes ? QDialog::Accepted : QDialog::Rejected);
+    return true;
+}
+
+bool company::press(const QWidget* window, const char* button)
+{
+    if (!window)
+        return false;
+    const QList<QAction*> actions = window->findChildren<QAction*>();
+    for (QAction* action : actions) {
+        if (action->text() == QLatin1String(button)) {
+            action->trigger();
+            return true;
+        }
+    }
+    return click(window->findChild<QAbstractButton*>(QString::fromLatin1(button)));
 }
 
 QColor company::chooseColor(anyID member, const QColor& color)
@@ -185,7 +264,7 @@ QColor company::chooseColor(anyID member, const QColor& color)
             return true;
         }
         if (!clicked)
-            actionOf(*board, "Color")->trigger();
+            press(board, "Color");
         return !std::exchange(clicked, true);
     });
     return color;

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "filestore.h"
 #include "fuzz/targets/nestedplayer.h"
 #include "plugin/kelvor.h"
 #include "tests/support/fakehost.h"
+#include "tests/support/temporarydirectory.h"
 
 #include <QList>
 #include <QSize>
@@ -50,28 +52,45 @@ public:
     /// Carries out steps in an event loop until one returns false, also inside the loops of the questions that they
     /// bring up; windows that were closed are gone then.
     void play(const std::function<bool()>& step);
-    /// Hands over everything that is on its way and what comes of it, in order. Questions are answered by Yes.
+    /// Hands over everything that is on its way and what comes of it, files too, in order. Questions are answered by
+    /// Yes.
     void deliverAll();
 
-    /// The way of a session: the first invites all others, they accept, the first presses OK. False when somebody has
-    /// no whiteboard in the end.
-    bool startSession();
+    /// Takes what members asked of the file store since the last call.
+    QList<filerequest> takeRequests();
+    /// Carries a request out, or breaks off halfway.
+    void serve(const filerequest& request, bool whole = true);
+
+    enum class startpicture { none, plain, background };
+    /// The way of a session: the first chooses a picture of the file store, if any, and invites all others, they
+    /// accept, the first presses OK. False when somebody has no whiteboard in the end.
+    bool startSession(startpicture picture = startpicture::none);
     /// The host's user invites a member; nothing happens without a row in a lobby.
     void invite(anyID sessionHost, anyID member);
-    /// Presses the button of the topmost question; false when there is none.
-    static bool answer(bool yes);
+    /// Takes the topmost modal window a step further towards what it is for, or away: presses a button of a question,
+    /// enters or accepts the row of a file window, closes a transfer. False when there is nothing to do but to wait.
+    static bool answer(bool yes, int row = 0);
+    /// Presses a button of a window, by its text or its object name; false when it has none that is enabled.
+    static bool press(const QWidget* window, const char* button);
 
     /// As the user of a window chooses them: by the dialog, by the spin box. Both return what the window has then.
     QColor chooseColor(anyID member, const QColor& color);
     double chooseThickness(anyID member, double thickness);
 
     fakehost host;
+    const filestore files;
 
 private:
     template <typename Window> Window* windowOf(anyID member) const;
     void nameWindows(anyID member);
+    /// The settings of a member, who has a directory for downloads.
+    void writeSettings(int member, const QSize& canvas);
+    void choosePicture(startpicture picture);
 
-    QTemporaryDir directory;
+    temporarydirectory temporary; ///< where uploads begin
+    QTemporaryDir directory; ///< of the settings, and of the downloads of each member
     nestedplayer player;
     std::vector<std::unique_ptr<kelvor>> controllers;
 };
+
+Q_DECLARE_METATYPE(company::startpicture)

@@ -77,6 +77,12 @@ anyID firstToDiffer(const company& people)
     return 0;
 }
 
+/// What the member sees: the picture over its background.
+QImage visible(const company& people, anyID member)
+{
+    return people.canvasOf(member)->grab().toImage().convertToFormat(QImage::Format_RGB32);
+}
+
 QList<QPoint> differing(const QImage& a, const QImage& b)
 {
     QList<QPoint> places;
@@ -153,16 +159,24 @@ private:
 
 void tst_agreement::oneWriterAtATimeLeavesAllPicturesEqual_data()
 {
+    using startpicture = company::startpicture;
     QTest::addColumn<int>("members");
+    QTest::addColumn<startpicture>("picture");
     for (const int members : {2, 3, 4, 5, 8, 12})
-        QTest::addRow("%d participants", members) << members;
+        QTest::addRow("%d participants", members) << members << startpicture::none;
+    QTest::newRow("4 participants, over a picture") << 4 << startpicture::plain;
+    QTest::newRow("3 participants, over a background") << 3 << startpicture::background;
 }
 
 void tst_agreement::oneWriterAtATimeLeavesAllPicturesEqual()
 {
     QFETCH(const int, members);
+    QFETCH(const company::startpicture, picture);
     company people(members, size);
-    QVERIFY(people.startSession());
+    QVERIFY(people.startSession(picture));
+    const QImage start = people.canvasOf(1)->picture();
+    for (anyID member = 1; member <= members; ++member)
+        QCOMPARE(visible(people, member) == people.files.picture(), picture != company::startpicture::none);
     painters all(people, static_cast<quint32>(members));
     int painted = 0;
     anyID writer = 1;
@@ -175,7 +189,7 @@ void tst_agreement::oneWriterAtATimeLeavesAllPicturesEqual()
         count(letters);
         const anyID differing = firstToDiffer(people);
         QVERIFY2(differing == 0, qPrintable(QString("deed %1 of %2 at %3").arg(deed).arg(writer).arg(differing)));
-        painted += isBlank(people.canvasOf(1)->picture()) ? 0 : 1;
+        painted += people.canvasOf(1)->picture() != start ? 1 : 0;
     }
     QVERIFY2(painted > deedsOfASession() / 2, qPrintable(QString::number(painted)));
     QCOMPARE(people.host.outstanding, 0);

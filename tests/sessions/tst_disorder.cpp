@@ -17,7 +17,8 @@ namespace {
 constexpr int members = 4;
 
 /// Some hundred things that happen to four people at random, from a seed: their users click whatever there is to click,
-/// and what they send each other gets lost, comes late, twice or in another order, and so do the client's events.
+/// what they send each other gets lost, comes late, twice or in another order, and so do the client's events and the
+/// files that they move.
 class disorder {
 public:
     disorder(company& people, quint32 seed)
@@ -51,6 +52,7 @@ public:
     }
 
     QMap<int, int> states; ///< how often each state of a member was seen
+    QMap<QByteArray, int> served; ///< how often the file store carried out each request
 
 private:
     bool oneIn(int count) { return random.bounded(count) == 0; }
@@ -59,13 +61,16 @@ private:
     void happen()
     {
         bag.put(people.takeLetters());
+        requests += people.takeRequests();
         for (anyID member = 1; member <= members; ++member)
             ++states[people.stateOf(member)];
         if (bag.size() > 0 && !oneIn(3))
             letThrough();
+        else if (!requests.isEmpty() && !oneIn(3))
+            serve();
         else if (oneIn(4))
             tellOfClients(any(), any());
-        else if (!oneIn(3) || !company::answer(!oneIn(3)))
+        else if (oneIn(2) || !company::answer(!oneIn(8), random.bounded(4)))
             click(any());
     }
 
@@ -77,6 +82,17 @@ private:
         if (oneIn(10))
             bag.put({one});
         people.deliver(one);
+    }
+
+    /// What was asked for, in any order, or twice, or half of it.
+    void serve()
+    {
+        const filerequest request = requests.takeAt(random.bounded(requests.size()));
+        const bool whole = !oneIn(6);
+        served[request.function] += whole ? 1 : 0;
+        people.serve(request, whole);
+        if (oneIn(10))
+            requests.append(request);
     }
 
     /// An event that the member's client tells of another, true or not: what happened may be told late.
@@ -109,10 +125,14 @@ private:
     {
         invitationdialog* lobby = people.lobbyOf(member);
         const bool invites = lobby->sessionHost() == 0 && !oneIn(5);
-        if (invites && !oneIn(4))
+        if (invites && !oneIn(3))
             people.invite(member, any());
         else if (invites && oneIn(3))
             lobby->takeBack();
+        else if (invites && oneIn(3))
+            company::press(lobby, "loadbutton");
+        else if (invites && oneIn(8))
+            company::press(lobby, oneIn(2) ? "clearbutton" : "imagebgcheckbox");
         else if (invites)
             lobby->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
         else if (oneIn(4))
@@ -125,6 +145,10 @@ private:
             people.boardOf(member)->close();
             return;
         }
+        if (oneIn(5)) {
+            company::press(people.boardOf(member), "Upload");
+            return;
+        }
         scenehand hand(*people.canvasOf(member));
         hand.take(kelvortool::pencil);
         hand.drag({QPoint(random.bounded(100), random.bounded(90)), QPoint(random.bounded(100), random.bounded(90))});
@@ -133,6 +157,7 @@ private:
     company& people;
     QRandomGenerator random;
     mailbag bag;
+    QList<filerequest> requests; ///< to the file store, which has not answered yet
 };
 
 void closeEverything(company& people)
@@ -158,9 +183,9 @@ bool allAreFree(company& people)
 }
 
 /// A whole session with a stroke of each, as if nothing had been.
-bool paintTogether(company& people)
+bool paintTogether(company& people, company::startpicture start = company::startpicture::none)
 {
-    if (!people.startSession())
+    if (!people.startSession(start))
         return false;
     const QImage blank = people.canvasOf(1)->picture();
     for (anyID member = 1; member <= people.size(); ++member) {
@@ -171,7 +196,8 @@ bool paintTogether(company& people)
     }
     const QImage picture = people.canvasOf(1)->picture();
     for (anyID member = 1; member <= people.size(); ++member) {
-        if (people.canvasOf(member)->picture() != picture || picture.pixel(50, 10 * member) == blank.pixel(50, 10))
+        if (people.canvasOf(member)->picture() != picture
+            || picture.pixel(50, 10 * member) == blank.pixel(50, 10 * member))
             return false;
     }
     return true;
@@ -206,6 +232,7 @@ private slots:
 
 private:
     QMap<int, int> states;
+    QMap<QByteArray, int> served;
 };
 
 void tst_disorder::whateverHappensCanBeLeft_data()
@@ -225,17 +252,21 @@ void tst_disorder::whateverHappensCanBeLeft()
     day.run(400);
     for (auto state = day.states.cbegin(); state != day.states.cend(); ++state)
         states[state.key()] += state.value();
+    for (auto request = day.served.cbegin(); request != day.served.cend(); ++request)
+        served[request.key()] += request.value();
     closeEverything(people);
     QVERIFY(allAreFree(people));
     // What comes after the end finds nobody.
     day.deliverTheRest();
     QVERIFY(allAreFree(people));
-    QVERIFY(paintTogether(people));
+    QVERIFY(paintTogether(people, seed % 2 ? company::startpicture::plain : company::startpicture::none));
     QCOMPARE(people.host.outstanding, 0);
 }
 
 void tst_disorder::everyStateCameUp()
 {
+    for (const char* request : {"requestFileList", "requestFile", "sendFile"})
+        QVERIFY2(served.value(request) > 20, qPrintable(QString("%1: %2").arg(request).arg(served.value(request))));
     for (const sessionstate state : {session_none, session_invited, session_hosting, session_joining, session_running})
         QVERIFY2(states.value(state) > 500, qPrintable(QString("%1: %2").arg(state).arg(states.value(state))));
 }

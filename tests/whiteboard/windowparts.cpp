@@ -4,7 +4,6 @@
 #include "serverfiles/ts3filedialog.h"
 #include "sessionfixture.h"
 
-#include <QDir>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTableWidget>
@@ -129,24 +128,3 @@ warningcounter::warningcounter()
 warningcounter::~warningcounter() { qInstallMessageHandler(handlerBefore); }
 
 int warningcounter::count() const { return warnings; }
-
-bool temporarydirectory::enter()
-{
-    directory.reset(new QTemporaryDir);
-    before = qgetenv("TMPDIR");
-    return directory->isValid() && qputenv("TMPDIR", directory->path().toLocal8Bit());
-}
-
-void temporarydirectory::leave()
-{
-    if (before.isNull())
-        qunsetenv("TMPDIR");
-    else
-        qputenv("TMPDIR", before);
-    directory.reset();
-}
-
-QStringList temporarydirectory::entries() const
-{
-    return QDir(path()).entryList(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot);
-}

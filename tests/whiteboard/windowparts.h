@@ -4,7 +4,6 @@
 
 #include <QIcon>
 #include <QStringList>
-#include <QTemporaryDir>
 
 class QAction;
 class QToolBar;
@@ -50,18 +49,4 @@ public:
     warningcounter& operator=(const warningcounter&) = delete;
 
     int count() const;
-};
-
-/// Stands in for the system's temporary directory between enter() and leave().
-class temporarydirectory {
-public:
-    bool enter();
-    void leave();
-    QString path() const { return directory->path(); }
-    QString file(const QString& name) const { return directory->filePath(name); }
-    QStringList entries() const;
-
-private:
-    QScopedPointer<QTemporaryDir> directory;
-    QByteArray before;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "sessionfixture.h"
+#include "tests/support/temporarydirectory.h"
 #include "windowparts.h"
 
 #include <QtTest>
