@@ -44,7 +44,7 @@ row growing(const std::string& name, QImage (*make)(const QSize&), void (*work)(
     };
     row grown{"growth: " + name, makeAll, {}, 3};
     grown.growsBy = "megapixels";
-    grown.mostGrowth = cacheGrowth;
+    grown.mostFirstGrowth = cacheGrowth;
     grown.longestStep = longestStep;
     return grown;
 }

@@ -47,6 +47,7 @@ struct row {
     /// unit should not grow by more than the factor.
     std::string growsBy = {};
     double mostGrowth = 1.5;
+    double mostFirstGrowth = 1.5; ///< the same for the first step
     /// No contender takes a window away for longer than this, in seconds; 0 when that is not looked at.
     double longestStep = 0;
 };
