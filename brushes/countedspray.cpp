@@ -66,22 +66,30 @@ repeatedpass passOf(const QColor& color, bool inHoles)
     return repeatedpass(std::move(results));
 }
 
+/// Discs in one place.
+struct pile {
+    QPoint corner; ///< top left of the box
+    int discs;
+};
+
 /// The discs of a chain that reach into the picture, from top to bottom.
-std::vector<QPoint> cornersFromTop(const discshape& shape, const discchain& chain, const QRect& picture)
+std::vector<pile> pilesFromTop(const discshape& shape, const discchain& chain, const QRect& picture, int together)
 {
     const discchain::range discs = chain.inside(shape.reachOf(picture));
-    std::vector<QPoint> corners;
-    for (qint64 i = discs.first; i < discs.last; ++i)
-        corners.push_back(shape.boxAround(chain.at(i)).topLeft());
-    if (!corners.empty() && corners.front().y() > corners.back().y())
-        std::reverse(corners.begin(), corners.end());
-    return corners;
+    std::vector<pile> piles;
+    for (qint64 i = discs.first; i < discs.last; i += together) {
+        const auto count = static_cast<int>(std::min<qint64>(together, discs.last - i));
+        piles.push_back({shape.boxAround(chain.at(i)).topLeft(), count});
+    }
+    if (!piles.empty() && piles.front().corner.y() > piles.back().corner.y())
+        std::reverse(piles.begin(), piles.end());
+    return piles;
 }
 
 } // namespace
 
 countedspray::countedspray(QPainter* painter, const QColor& color)
-    : picture(strokes::pictureRect(painter))
+    : picture(strokes::paintableRect(painter))
     , pixels(strokes::plainPixels(painter))
     , stride(strokes::pictureOf(painter)->bytesPerLine() / static_cast<int>(sizeof(QRgb)))
     , pass(passOf(color, false))
@@ -98,29 +106,29 @@ countedspray::countedspray(QPainter* painter, const QColor& color)
     }
 }
 
-void countedspray::draw(const QBrush& pattern, const discshape& shape, const discchain& chain)
+void countedspray::draw(const QBrush& pattern, const discshape& shape, const discchain& chain, int together)
 {
-    const std::vector<QPoint> corners = cornersFromTop(shape, chain, picture);
-    if (corners.empty())
+    const std::vector<pile> piles = pilesFromTop(shape, chain, picture, together);
+    if (piles.empty())
         return;
     const std::vector<bool> colored = coloredPixels(pattern);
-    auto first = corners.begin();
+    auto first = piles.begin();
     auto last = first;
-    const int bottom = std::min(picture.bottom(), corners.back().y() + shape.size() - 1);
-    for (int row = std::max(picture.top(), corners.front().y()); row <= bottom; ++row) {
-        while (last != corners.end() && last->y() <= row)
+    const int bottom = std::min(picture.bottom(), piles.back().corner.y() + shape.size() - 1);
+    for (int row = std::max(picture.top(), piles.front().corner.y()); row <= bottom; ++row) {
+        while (last != piles.end() && last->corner.y() <= row)
             ++last;
-        while (first != last && first->y() + shape.size() <= row)
+        while (first != last && first->corner.y() + shape.size() <= row)
             ++first;
-        for (auto corner = first; corner != last && !rows[static_cast<std::size_t>(row)].settled; ++corner) {
-            const int inset = shape.rows()[static_cast<std::size_t>(row - corner->y())];
-            count(corner->x() + inset, corner->x() + shape.size() - inset);
+        for (auto each = first; each != last && !rows[static_cast<std::size_t>(row)].settled; ++each) {
+            const int inset = shape.rows()[static_cast<std::size_t>(row - each->corner.y())];
+            count(each->corner.x() + inset, each->corner.x() + shape.size() - inset, each->discs);
         }
         paintRow(row, colored);
     }
 }
 
-void countedspray::count(int left, int right)
+void countedspray::count(int left, int right, int times)
 {
     left = std::max(left, 0);
     right = std::min(right, picture.width());
@@ -128,8 +136,8 @@ void countedspray::count(int left, int right)
         return;
     leftmost = std::min(leftmost, left);
     rightmost = std::max(rightmost, right);
-    ++counts[static_cast<std::size_t>(left)];
-    --counts[static_cast<std::size_t>(right)];
+    counts[static_cast<std::size_t>(left)] += times;
+    counts[static_cast<std::size_t>(right)] -= times;
 }
 
 void countedspray::paintRow(int row, const std::vector<bool>& colored)

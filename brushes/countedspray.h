@@ -21,10 +21,11 @@ public:
     countedspray(QPainter* painter, const QColor& color);
 
     /// Lays each disc of the chain with a brush that has the colour and one of the toolkit's dither patterns.
-    void draw(const QBrush& pattern, const discshape& shape, const discchain& chain);
+    /// So many neighbours in the chain, together, are laid in the place of the first.
+    void draw(const QBrush& pattern, const discshape& shape, const discchain& chain, int together = 1);
 
 private:
-    void count(int left, int right);
+    void count(int left, int right, int times);
     void paintRow(int row, const std::vector<bool>& colored);
     bool isSettled(int row);
 

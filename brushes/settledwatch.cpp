@@ -18,7 +18,8 @@ constexpr int growth = 2;
 settledwatch::settledwatch(QPainter* painter)
     : painter(painter)
     , picture(strokes::pictureOf(painter))
-    , lookAt(picture ? firstLook * qint64(picture->width()) * picture->height() : 0)
+    , area(strokes::paintableRect(painter))
+    , lookAt(firstLook * qint64(area.width()) * area.height())
 {
 }
 
@@ -41,9 +42,9 @@ bool settledwatch::settledAfter(qint64 pixels)
 bool settledwatch::clipToUnsettled()
 {
     bool nothingLeft = true;
-    for (int top = 0; top < picture->height(); top += tileSize) {
-        for (int left = 0; left < picture->width(); left += tileSize) {
-            const QRect tile = QRect(left, top, tileSize, tileSize).intersected(picture->rect());
+    for (int top = 0; top < area.height(); top += tileSize) {
+        for (int left = 0; left < area.width(); left += tileSize) {
+            const QRect tile = QRect(left, top, tileSize, tileSize).intersected(area);
             if (settled.contains(tile.center()))
                 continue;
             if (isSettled(tile))
@@ -53,8 +54,8 @@ bool settledwatch::clipToUnsettled()
         }
     }
     // The outermost pixels stay in the clip: so the toolkit rasterises each shape as it does without one.
-    const QRect inner = picture->rect().adjusted(1, 1, -1, -1);
-    painter->setClipRegion(QRegion(picture->rect()) - settled.intersected(inner));
+    const QRect inner = area.adjusted(1, 1, -1, -1);
+    painter->setClipRegion(QRegion(area) - settled.intersected(inner));
     return nothingLeft;
 }
 

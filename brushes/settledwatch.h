@@ -34,6 +34,7 @@ private:
 
     QPainter* painter;
     const QImage* picture; ///< null when it is not looked at
+    QRect area; ///< of the picture, what painting can change
     qint64 painted = 0;
     qint64 lookAt;
     bool looked = false;

@@ -13,6 +13,7 @@
 #include <QVector>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <memory>
 #include <vector>
@@ -23,6 +24,9 @@ constexpr std::size_t patternCount = 7;
 
 /// Up to this many pixels, overlaps counted, discs are painted one after the other; that takes some 50 ms.
 constexpr double mostDiscPixels = 1e7;
+
+/// The rows of this many discs are looked at one by one; that takes some 50 ms, too.
+constexpr double mostDiscRows = 5e7;
 
 struct segment {
     std::size_t pattern;
@@ -46,8 +50,14 @@ std::vector<segment> segmentsOf(const QList<QPoint>& points)
     return segments;
 }
 
-/// The pixels that painting each disc would take.
-double discPixels(const QRect& picture, const discshape& shape, const std::vector<segment>& segments)
+/// What a spray costs, as far as it can be told before.
+struct price {
+    double discs = 0; ///< that reach into the picture
+    double pixels = 0; ///< that painting each of them would take
+    double rows = 0; ///< of all of them in the picture
+};
+
+price priceOf(const QRect& picture, const discshape& shape, const std::vector<segment>& segments)
 {
     const double across = std::min(shape.size(), picture.width());
     const double down = std::min(shape.size(), picture.height());
@@ -56,7 +66,17 @@ double discPixels(const QRect& picture, const discshape& shape, const std::vecto
         const discchain::range touching = each.chain.inside(shape.reachOf(picture));
         discs += static_cast<double>(std::max<qint64>(touching.last - touching.first, 0));
     }
-    return discs * across * down;
+    // However small the picture is, the toolkit goes once around each disc.
+    return {discs, discs * (across * down + shape.size()), discs * down};
+}
+
+/// How many neighbours of a chain pass for one. One is exact; more of them, where there are too many for a look at
+/// each, leave the edge of a spray off by less than half a pixel: discs lie no more than two pixels apart, and a chord
+/// of twice that many is, at its middle, so far from its circle.
+int discsTogether(const price& of, const discshape& shape)
+{
+    const double most = std::sqrt(shape.size() / 2.0);
+    return static_cast<int>(qBound(1.0, std::ceil(of.rows / mostDiscRows), std::max(1.0, most)));
 }
 
 bool isOpaqueOrClear(QRgb pixel) { return qAlpha(pixel) == 0xff || qAlpha(pixel) == 0; }
@@ -73,7 +93,7 @@ bool keepsStill(const QImage* picture, const QVector<QRect>& rectangles)
 
 void drawDiscs(QPainter* painter, const discshape& shape, const discchain& chain)
 {
-    const discchain::range discs = chain.inside(shape.reachOf(strokes::pictureRect(painter)));
+    const discchain::range discs = chain.inside(shape.reachOf(strokes::paintableRect(painter)));
     for (qint64 i = discs.first; i < discs.last; ++i)
         painter->drawEllipse(shape.boxAround(chain.at(i)));
 }
@@ -122,9 +142,10 @@ void drawRows(QPainter* painter, const QBrush& brush, const QVector<QRect>& rect
 bool drawTogether(QPainter* painter, const QColor& color, const QRect& area, const discshape& shape,
                   const std::vector<segment>& segments)
 {
+    const int together = discsTogether(priceOf(area, shape, segments), shape);
     std::vector<spraycoverage> covered(patternCount, spraycoverage(area));
     for (const segment& each : segments)
-        covered[each.pattern].add(shape, each.chain);
+        covered[each.pattern].add(shape, each.chain, together);
     std::vector<QVector<QRect>> rectangles;
     for (spraycoverage& each : covered) {
         rectangles.push_back(each.rectangles());
@@ -149,19 +170,20 @@ void drawPath(QPainter* painter, const QColor& color, qreal thick, const QList<Q
     const std::vector<segment> segments = segmentsOf(points);
     if (segments.empty())
         return;
-    const QRect picture = strokes::pictureRect(painter);
+    const QRect picture = strokes::paintableRect(painter);
     painter->setPen(Qt::NoPen);
     if (QBrush(color).isOpaque() && drawTogether(painter, color, areaOf(picture, shape, points), shape, segments))
         return;
     // Counted, some half-transparent pixels come out a shade off, for the toolkit rounds a few by their place in a
     // span.
     std::unique_ptr<countedspray> counted;
-    if (predictablePixels(painter) && discPixels(picture, shape, segments) > mostDiscPixels)
+    const price whole = priceOf(picture, shape, segments);
+    if (predictablePixels(painter) && whole.pixels > mostDiscPixels)
         counted.reset(new countedspray(painter, color));
     for (const segment& each : segments) {
         painter->setBrush(patternBrush(color, each.pattern));
         if (counted)
-            counted->draw(painter->brush(), shape, each.chain);
+            counted->draw(painter->brush(), shape, each.chain, discsTogether(whole, shape));
         else
             drawDiscs(painter, shape, each.chain);
     }

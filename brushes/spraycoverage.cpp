@@ -22,7 +22,7 @@ spraycoverage::spraycoverage(const QRect& area)
 
 /// In each row that two neighbours of a chain share their pixels touch. So a chain covers at most one span in a row,
 /// from the leftmost to the rightmost pixel of all its discs.
-void spraycoverage::add(const discshape& shape, const discchain& chain)
+void spraycoverage::add(const discshape& shape, const discchain& chain, int together)
 {
     const discchain::range discs = chain.inside(shape.reachOf(area));
     if (full || area.isEmpty() || discs.first >= discs.last || shape.size() == 0)
@@ -31,13 +31,16 @@ void spraycoverage::add(const discshape& shape, const discchain& chain)
     lefts.assign(newest.size(), std::numeric_limits<int>::max());
     rights.assign(newest.size(), std::numeric_limits<int>::min());
     QRect previous;
-    for (qint64 i = discs.first; i < discs.last && !full; ++i) {
+    int untilLook = 0;
+    for (qint64 i = discs.first; i < discs.last && !full; i += together) {
         const QRect box = shape.boxAround(chain.at(i));
         if (box != previous)
             widen(shape, box);
         previous = box;
-        full = i % discsBetweenLooks == 0 && isFull();
+        full = --untilLook < 0 && isFull();
+        untilLook = untilLook < 0 ? discsBetweenLooks : untilLook;
     }
+    widen(shape, shape.boxAround(chain.at(discs.last - 1)));
     for (int row = area.top(); row <= area.bottom(); ++row)
         append(row, lefts[index(row)], rights[index(row)]);
 }

@@ -15,7 +15,8 @@ public:
     /// Looks at this part of the picture only.
     explicit spraycoverage(const QRect& area);
 
-    void add(const discshape& shape, const discchain& chain);
+    /// Of so many neighbours in the chain, together, one is looked at, and the last of all.
+    void add(const discshape& shape, const discchain& chain, int together = 1);
     /// Rectangles without overlap, one row high, that make up what is covered.
     QVector<QRect> rectangles();
 

@@ -45,7 +45,7 @@ public:
         : painter(painter)
         , stamps(stamps)
         , watch(painter)
-        , picture(strokes::pictureRect(painter))
+        , picture(strokes::paintableRect(painter))
         , reach(painter->pen().widthF() / 2 + 2)
         , atOnce(painter->pen().widthF() < groupWidth ? 1 : groupSize)
     {

@@ -53,6 +53,12 @@ QRect pictureRect(const QPainter* painter)
     return painter->deviceTransform().inverted().mapRect(device);
 }
 
+QRect paintableRect(const QPainter* painter)
+{
+    const int reached = std::numeric_limits<short>::max();
+    return pictureRect(painter).intersected(QRect(0, 0, reached, reached));
+}
+
 const QImage* pictureOf(const QPainter* painter)
 {
     const auto* picture = dynamic_cast<const QImage*>(painter->device());

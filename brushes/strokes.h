@@ -31,6 +31,8 @@ void eraseArea(QPainter* painter, const QRect& area, bool opaque);
 
 /// The rectangle of the picture that the painter is open on.
 QRect pictureRect(const QPainter* painter);
+/// The part of it that the toolkit's painter reaches: some coordinates fewer than 16 bits with a sign can hold.
+QRect paintableRect(const QPainter* painter);
 /// That picture, for looking at its pixels while it is painted on; null when it is none of 32 bits a pixel.
 const QImage* pictureOf(const QPainter* painter);
 

@@ -45,7 +45,7 @@ void strokestamps::begin(QPainter* painter)
     const QImage* picture = strokes::pictureOf(painter);
     stride = picture->bytesPerLine() / static_cast<int>(sizeof(QRgb));
     // Left of the first and above the second pixel the toolkit rounds to the other side.
-    inside = picture->rect().adjusted(1, 1, 0, 0);
+    inside = strokes::paintableRect(painter).adjusted(1, 1, 0, 0);
     const bool clears = painter->compositionMode() == QPainter::CompositionMode_Clear;
     value = clears ? 0U : painter->pen().color().rgba64().toArgb32();
 }

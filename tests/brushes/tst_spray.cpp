@@ -38,6 +38,10 @@ private slots:
     void patternsLieOnTheGridOfTheCanvas();
     void longStrokesAreTheLiteralSegments_data();
     void longStrokesAreTheLiteralSegments();
+    void thousandsOfTheWidestDiscsBesideThePictureEnd_data();
+    void thousandsOfTheWidestDiscsBesideThePictureEnd();
+    void nothingIsSprayedWhereThePainterDoesNotReach_data();
+    void nothingIsSprayedWhereThePainterDoesNotReach();
 };
 
 void tst_spray::fewerThanTwoPointsPaintNothingAndTakeNoNumber()
@@ -85,6 +89,54 @@ void tst_spray::longStrokesAreTheLiteralSegments()
     const QList<QPoint> points{QPoint(-900, 20), QPoint(1000, 70), QPoint(-700, -600), QPoint(300, 500)};
     for (const qreal thick : {150.0, 333.3, 999.0})
         QCOMPARE(sprayed(whiteCanvas(), color, thick, points), literally(whiteCanvas(), color, thick, points));
+}
+
+void tst_spray::thousandsOfTheWidestDiscsBesideThePictureEnd_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<QColor>("color");
+    for (const int side : {1, 10, 2000}) {
+        QTest::addRow("opaque on %d", side) << QSize(side, side) << QColor(255, 0, 0);
+        QTest::addRow("half-transparent on %d", side) << QSize(side, side) << QColor(255, 0, 0, 128);
+    }
+}
+
+/// Looked at one by one, these discs take from ten seconds to many minutes.
+void tst_spray::thousandsOfTheWidestDiscsBesideThePictureEnd()
+{
+    QFETCH(QSize, size);
+    QFETCH(QColor, color);
+    QList<QPoint> points;
+    for (int i = 0; i < 300; ++i)
+        points << QPoint(-8190, -8190) << QPoint(-8190, 10180);
+    const QImage picture = sprayed(whiteCanvas(size), color, 16384, points);
+    // The discs end in the second column.
+    QVERIFY(picture.pixel(0, size.height() / 2) != 0xffffffff);
+    QCOMPARE(picture.copy(2, 0, size.width(), size.height()),
+             whiteCanvas(size).copy(2, 0, size.width(), size.height()));
+}
+
+void tst_spray::nothingIsSprayedWhereThePainterDoesNotReach_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<QColor>("color");
+    QTest::newRow("wide") << QSize(33000, 20) << QColor(255, 0, 0);
+    QTest::newRow("high") << QSize(20, 33000) << QColor(255, 0, 0);
+    QTest::newRow("wide, half-transparent") << QSize(33000, 20) << QColor(255, 0, 0, 128);
+    QTest::newRow("high, half-transparent") << QSize(20, 33000) << QColor(255, 0, 0, 128);
+}
+
+void tst_spray::nothingIsSprayedWhereThePainterDoesNotReach()
+{
+    QFETCH(QSize, size);
+    QFETCH(QColor, color);
+    const QPoint end(size.width() - 1, size.height() - 1);
+    const QPoint near = end - QPoint(end.x() > 20 ? 1000 : 0, end.y() > 20 ? 1000 : 0);
+    const QList<QPoint> points{near, end, near, end, near};
+    const QImage picture = sprayed(whiteCanvas(size), color, 90, points);
+    QCOMPARE(picture, literally(whiteCanvas(size), color, 90, points));
+    QCOMPARE(picture.pixel(end), 0xffffffff);
+    QVERIFY(picture != whiteCanvas(size));
 }
 
 QTEST_MAIN(tst_spray)

@@ -51,6 +51,7 @@ private slots:
     void onlyTheAreaIsLookedAt();
     void everythingCoveredIsOneRectangleARow();
     void emptyAreaAndEmptyDiscsCoverNothing();
+    void discsTakenTogetherLeaveOnlyTheEdgeOff();
 };
 
 void tst_spraycoverage::nothingIsCoveredAtFirst()
@@ -119,6 +120,43 @@ void tst_spraycoverage::emptyAreaAndEmptyDiscsCoverNothing()
     coverage.add(discshape(0.5), chain);
     coverage.add(discshape(1), chain);
     QVERIFY(coverage.rectangles().isEmpty());
+}
+
+void tst_spraycoverage::discsTakenTogetherLeaveOnlyTheEdgeOff()
+{
+    const QSize size(300, 200);
+    const QRect area(QPoint(0, 0), size);
+    randompainting random(5);
+    int left = 0;
+    for (int round = 0; round < 20; ++round) {
+        const discshape shape(2000);
+        const discchain chain(random.point(size, 2000), random.point(size, 2000));
+        spraycoverage each(area);
+        each.add(shape, chain);
+        spraycoverage fewer(area);
+        // Discs that lie up to two pixels apart, so that a chord between those that are left is 2 * 31 long.
+        fewer.add(shape, chain, 31);
+        const QVector<int> exact = counts(each.rectangles(), size);
+        const QVector<int> rough = counts(fewer.rectangles(), size);
+        for (int y = 0; y < size.height(); ++y) {
+            for (int x = 0; x < size.width(); ++x) {
+                const int place = y * size.width() + x;
+                QVERIFY(rough.at(place) <= exact.at(place));
+                if (rough.at(place) == exact.at(place))
+                    continue;
+                ++left;
+                bool besideCovered = false;
+                for (const QPoint& step : {QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1)}) {
+                    const QPoint beside = QPoint(x, y) + step;
+                    // What lies outside may be covered.
+                    besideCovered =
+                        besideCovered || !area.contains(beside) || rough.at(beside.y() * size.width() + beside.x()) > 0;
+                }
+                QVERIFY2(besideCovered, qPrintable(QString("%1, %2 in round %3").arg(x).arg(y).arg(round)));
+            }
+        }
+    }
+    QVERIFY(left > 0);
 }
 
 QTEST_MAIN(tst_spraycoverage)

@@ -44,6 +44,7 @@ private slots:
     void pencilThatKnowsItsStepsPaintsTheLiteralPath();
     void eraserThatKnowsItsStepsPaintsTheLiteralPath();
     void colorsOf16BitsAreRoundedAsTheToolkitDoes();
+    void nothingIsLaidWhereThePainterDoesNotReach();
 };
 
 void tst_strokestamps::aNewShapeIsLeftToTheCaller()
@@ -242,6 +243,19 @@ void tst_strokestamps::colorsOf16BitsAreRoundedAsTheToolkitDoes()
         plain.drawLine(300, 300, 303, 300);
         QCOMPARE(laid.pixel(301, 300), expected.pixel(301, 300));
     }
+}
+
+void tst_strokestamps::nothingIsLaidWhereThePainterDoesNotReach()
+{
+    const QImage canvas = whiteCanvas(QSize(33000, 40));
+    pencilbrush pencil;
+    QList<QPoint> points;
+    for (int i = 0; i < 20; ++i)
+        points.append(QPoint(32700 + 9 * i, 20));
+    const QImage replayed = painted(canvas, [&](QPainter* painter) { pencil.replay(painter, Qt::red, 9, points); });
+    QCOMPARE(replayed, painted(canvas, [&](QPainter* painter) { literal::pencil(painter, Qt::red, 9, points); }));
+    QCOMPARE(replayed.pixel(32766, 20), QColor(Qt::red).rgb());
+    QCOMPARE(replayed.pixel(32767, 20), QColor(Qt::white).rgb());
 }
 
 QTEST_GUILESS_MAIN(tst_strokestamps)

@@ -18,6 +18,15 @@ QByteArray extended(kelvortool tool, const QByteArray& data)
     return QByteArray("\x13 2 ") + static_cast<char>(tool) + ' ' + data;
 }
 
+// Places from which wide discs reach nearly all rows, but only the first columns: no row is ever full.
+QByteArray besidePicture()
+{
+    QByteArray text;
+    while (text.size() < longest - 50)
+        text += " -8190|-8190 -8190|10180";
+    return text;
+}
+
 } // namespace
 
 QByteArray messagedice::points(int most)
@@ -56,6 +65,8 @@ std::vector<messagesort> costlySorts()
         {"airbrush, 8 KB, half transparent, width 4000", picture::noise, [](messagedice& r) { return draw(kelvortool::airbrush, "#80ff0000", "4000", r.points(9999)); }},
         {"airbrush, 20 points, nearly transparent, width 200", picture::noise, [](messagedice& r) { return draw(kelvortool::airbrush, "#01ff0000", "200", r.points(20)); }},
         {"airbrush, 8 KB, nearly transparent, width 200", picture::noise, [](messagedice& r) { return draw(kelvortool::airbrush, "#01ff0000", "200", r.points(9999)); }},
+        {"airbrush, 8 KB beside the picture, width 16384", picture::white, [](messagedice&) { return draw(kelvortool::airbrush, "#ff0000", "16384", besidePicture()); }},
+        {"airbrush, 8 KB beside the picture, half transparent, width 16384", picture::noise, [](messagedice&) { return draw(kelvortool::airbrush, "#80ff0000", "16384", besidePicture()); }},
         {"line, width 4000", picture::white, [](messagedice& r) { return draw(kelvortool::line, "#ff0000", "4000", r.points(2)); }},
         {"rectangle, width 500", picture::white, [](messagedice& r) { return draw(kelvortool::rect, "#ff0000", "500", r.points(2)); }},
         {"ellipse, width 500", picture::white, [](messagedice& r) { return draw(kelvortool::ellipse, "#80ff0000", "500", r.points(2)); }},
