@@ -1,5 +1,8 @@
 #include "picturefile.h"
 
+#include "pngsieve.h"
+#include "wholepicture.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
@@ -39,6 +42,39 @@ QSize decodedSize(QImageReader* reader, const QString& path)
     return size.isValid() && reader->format() == "gif" ? size.expandedTo(gifScreen(path)) : size;
 }
 
+bool isPng(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && file.read(8) == QByteArray("\x89PNG\r\n\x1a\n", 8);
+}
+
+QImage decoded(QImageReader* reader, const QSize& size)
+{
+    QImage picture;
+    // Runs can pass over pixels, which would then show what the memory held, another thing for each participant. The
+    // toolkit paints into an image that is as it needs one.
+    if (reader->format() == "bmp") {
+        picture = QImage(size, reader->imageFormat());
+        picture.fill(0);
+    }
+    if (!reader->read(&picture))
+        return QImage();
+    // Where the name ends in @2x the toolkit would paint at twice the size.
+    picture.setDevicePixelRatio(1);
+    return picture;
+}
+
+QImage readBy(QImageReader* reader, const QString& path)
+{
+    reader->setDecideFormatFromContent(true);
+    if (!isTrusted(reader->format()))
+        return QImage();
+    const QSize size = decodedSize(reader, path);
+    if (!size.isValid() || qint64(size.width()) * size.height() > mostPixels)
+        return QImage();
+    return isWholePicture(path, reader->format(), size) ? decoded(reader, size) : QImage();
+}
+
 } // namespace
 
 QImage readPicture(const QString& path)
@@ -46,12 +82,11 @@ QImage readPicture(const QString& path)
     // A pipe or a device would be read until it ends, which it may never do.
     if (!QFileInfo(path).isFile())
         return QImage();
-    QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
-    if (!isTrusted(reader.format()))
-        return QImage();
-    const QSize size = decodedSize(&reader, path);
-    if (!size.isValid() || qint64(size.width()) * size.height() > mostPixels)
-        return QImage();
-    return reader.read();
+    if (!isPng(path)) {
+        QImageReader reader(path);
+        return readBy(&reader, path);
+    }
+    pngsieve file(path);
+    QImageReader reader(&file);
+    return readBy(&reader, path);
 }

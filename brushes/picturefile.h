@@ -7,5 +7,5 @@
 constexpr qint64 mostPixels = 64'000'000;
 
 /// Reads a picture of one of the common pixel formats; the content decides the format, not the name. A null image when
-/// the file is absent, unreadable, or larger than mostPixels.
+/// the file is absent, unreadable, cut off, or larger than mostPixels.
 QImage readPicture(const QString& path);

@@ -3,6 +3,7 @@
 #include "brushes/kelvortool.h"
 #include "canvas/payloads.h"
 #include "protocol/messagewriter.h"
+#include "tests/brushes/picturefiles.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -202,6 +203,13 @@ QByteArray asFile(const char* format, QImage picture = paintedPicture())
     return file.data();
 }
 
+// Long enough to be packed.
+QImage withText(QImage picture)
+{
+    picture.setText(QString::fromLatin1("Comment"), QString(500, QLatin1Char('a')));
+    return picture;
+}
+
 files pictureSeeds()
 {
     QByteArray hugePng = asFile("PNG");
@@ -211,10 +219,13 @@ files pictureSeeds()
         {"png", asFile("PNG")},
         {"png-mono", asFile("PNG", paintedPicture().convertToFormat(QImage::Format_Mono))},
         {"png-indexed", asFile("PNG", paintedPicture().convertToFormat(QImage::Format_Indexed8))},
+        {"png-text", asFile("PNG", withText(paintedPicture()))},
         {"png-truncated", asFile("PNG").left(60)},
         {"png-huge", hugePng},
         {"bmp", asFile("BMP")},
+        {"bmp-runs", picturefiles::bmp(8, 1, picturefiles::runs())},
         {"jpg", asFile("JPG")},
+        {"jpg-progressive", picturefiles::progressiveJpeg(paintedPicture())},
         {"ppm", asFile("PPM")},
         {"ppm-huge", "P6 40000 40000 255\n"},
         {"xpm", asFile("XPM")},

@@ -1,41 +1,18 @@
 #include "brushes/picturefile.h"
 
 #include "painted.h"
+#include "pngchunks.h"
 #include "randompainting.h"
 
 #include <QBuffer>
 #include <QImageReader>
 #include <QImageWriter>
 #include <QTemporaryDir>
-#include <QtEndian>
 #include <QtTest>
 
 #include <sys/stat.h>
 
 namespace {
-
-quint32 crcOf(const QByteArray& bytes)
-{
-    quint32 crc = 0xffffffff;
-    for (const char byte : bytes) {
-        crc ^= static_cast<uchar>(byte);
-        for (int bit = 0; bit < 8; ++bit)
-            crc = crc & 1 ? 0xedb88320 ^ (crc >> 1) : crc >> 1;
-    }
-    return ~crc;
-}
-
-QByteArray bigEndian(quint32 number)
-{
-    QByteArray bytes(4, '\0');
-    qToBigEndian(number, bytes.data());
-    return bytes;
-}
-
-QByteArray pngChunk(const QByteArray& name, const QByteArray& content)
-{
-    return bigEndian(static_cast<quint32>(content.size())) + name + content + bigEndian(crcOf(name + content));
-}
 
 /// A sound PNG of one bit a pixel, all of them 0; even a large one takes no more than some kilobytes.
 QByteArray blankPng(int width, int height)
@@ -73,6 +50,7 @@ private slots:
     void gifIsRead();
     void contentDecidesAndNotTheName_data();
     void contentDecidesAndNotTheName();
+    void aNameDoesNotChangeTheScale();
     void pixelsAreKept();
     void largestPictureIsRead();
     void largerPicturesAreRefused_data();
@@ -172,6 +150,15 @@ void tst_picturefile::contentDecidesAndNotTheName()
     QFETCH(QByteArray, format);
     const QImage picture = readPicture(write(name, encoded(whiteCanvas(), format)));
     QCOMPARE(picture.convertToFormat(QImage::Format_ARGB32), whiteCanvas());
+}
+
+void tst_picturefile::aNameDoesNotChangeTheScale()
+{
+    for (const char* format : {"png", "bmp"}) {
+        const QImage picture = readPicture(write("picture@2x.png", encoded(whiteCanvas(), format)));
+        QCOMPARE(picture.size(), whiteCanvas().size());
+        QCOMPARE(picture.devicePixelRatio(), 1.0);
+    }
 }
 
 void tst_picturefile::pixelsAreKept()
