@@ -2,7 +2,9 @@
 
 #include "invitation/invitationdialog.h"
 #include "must.h"
+#include "runningcontroller.h"
 #include "serverfiles/ts3downloaddialog.h"
+#include "tests/plugin/exports.h"
 #include "whiteboard/whiteboard.h"
 #include "worldscript.h"
 
@@ -78,8 +80,14 @@ void clientworld::start(const TS3Functions& table)
         touch(connection);
     }
     host.configPath = QFile::encodeName(directory.path()) + '/';
-    controller = std::make_unique<kelvor>(table);
-    controller->setPluginCommandID("id");
+    ts3plugin_setFunctionPointers(table);
+    ts3plugin_init();
+    controller = runningController();
+#if KELVOR_HOST_INTERFACE == 26
+    ts3plugin_registerPluginID("id");
+#else
+    ts3plugin_registerPluginCommandID("id");
+#endif
     // The settings are to stay as they are: at its end the controller finds no directory to write them to.
     host.configPath = "/nonexistent/";
 }
@@ -101,7 +109,8 @@ void clientworld::connectServer(int connection)
 
 void clientworld::shutdown()
 {
-    controller.reset();
+    controller = nullptr;
+    ts3plugin_shutdown();
     host.failing.clear();
 }
 

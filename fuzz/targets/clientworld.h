@@ -9,15 +9,14 @@
 #include <QSet>
 #include <QTemporaryDir>
 
-#include <memory>
-
 class invitationdialog;
 class whiteboard;
 
-/// A voice client with a running controller and six server connections, one in each state that lasts. On each of them
-/// the own client is 1, and 2, 3 and 4 are others; 4 takes part in nothing. Channel 1 is open, channel 2 below it has a
-/// password, channel 3 stands beside it. A download brings nothing, but the names cat.png and broken.png lie in the
-/// download directory already. Connections have numbers here, and a new handler each time they are opened.
+/// A voice client that runs the plugin by its exported functions, with six server connections, one in each state that
+/// lasts. On each of them the own client is 1, and 2, 3 and 4 are others; 4 takes part in nothing. Channel 1 is open,
+/// channel 2 below it has a password, channel 3 stands beside it. A download brings nothing, but the names cat.png and
+/// broken.png lie in the download directory already. Connections have numbers here, and a new handler each time they
+/// are opened.
 class clientworld {
 public:
     enum connection : int {
@@ -33,10 +32,10 @@ public:
     clientworld();
     ~clientworld();
 
-    /// Makes a controller; what ran before is ended. All connections are idle.
+    /// Starts the plugin; what ran before is ended. All connections are idle.
     void start() { start(host.table()); }
     void start(const TS3Functions& table);
-    /// Deletes the controller, as the client does at its end.
+    /// Ends the plugin, as the client does at its own end.
     void shutdown();
     /// Closes what is open on the connections that were touched since the last call, and opens there what is said
     /// above.
@@ -65,7 +64,7 @@ public:
 
     fakehost host;
     nestedplayer player;
-    std::unique_ptr<kelvor> controller;
+    kelvor* controller = nullptr; ///< the one that the plugin runs, to be looked at
 
 private:
     void connectServer(int connection);

@@ -3,6 +3,7 @@
 #include "clientworld.h"
 #include "protocol/messagereader.h"
 #include "protocol/statedsender.h"
+#include "tests/plugin/exports.h"
 #include "worlduser.h"
 
 namespace {
@@ -102,10 +103,14 @@ void worldscript::playMessage(int connection, const QByteArray& text)
         return;
     if (!text.isEmpty() && !onlyPaints(text.at(0)))
         world.touch(connection);
+#if KELVOR_HOST_INTERFACE == 26
+    // A server that does not say who spoke, so that messages with any sender go on.
+    ts3plugin_onPluginCommandEvent(world.handler(connection), "kelvor.so", text.constData(), 0, "", "");
+#else
     // The later interface of the client tells who spoke; its reader of the same bytes runs along.
     wire::mayComeFrom(2, text.constData());
-    world.controller->handlePluginCommand(world.handler(connection), QString::fromLatin1("kelvor.so"),
-                                          text.constData());
+    ts3plugin_onPluginCommandEvent(world.handler(connection), "kelvor.so", text.constData());
+#endif
 }
 
 void worldscript::playEvent(char kind, const QList<QByteArray>& parts)
@@ -114,27 +119,23 @@ void worldscript::playEvent(char kind, const QList<QByteArray>& parts)
     const uint64 schid = world.handler(connection);
     const auto number = [&](int place) { return static_cast<uint64>(parts.value(place).toULongLong()); };
     const auto client = [&](int place) { return static_cast<anyID>(parts.value(place).toUInt()); };
-    const auto text = [&](int place) { return QString::fromLatin1(parts.value(place)); };
-    kelvor& controller = *world.controller;
+    // The texts stand in the parts, and an absent one is empty.
+    const auto text = [&](int place) { return place < parts.size() ? parts.at(place).constData() : ""; };
     world.touch(connection);
     switch (kind) {
     case 'm':
-        return controller.handleClientMove(schid, client(1), number(2), number(3), parts.value(4).toInt());
+        return ts3plugin_onClientMoveEvent(schid, client(1), number(2), number(3), parts.value(4).toInt(), "");
     case 'c':
-        emit controller.channelCreated(schid, number(1), number(2));
-        return;
+        return ts3plugin_onNewChannelEvent(schid, number(1), number(2));
     case 'd':
-        emit controller.channelDeleted(schid, number(1));
-        return;
+        return ts3plugin_onDelChannelEvent(schid, number(1), 0, "", "");
     case 'v':
-        emit controller.channelMoved(schid, number(1), number(2));
-        return;
+        return ts3plugin_onChannelMoveEvent(schid, number(1), number(2), 0, "", "");
     case 'l':
-        emit controller.fileList(schid, number(1), text(2), text(3), number(4), number(5), parts.value(6).toInt());
-        return;
+        return ts3plugin_onFileListEvent(schid, number(1), text(2), text(3), number(4), number(5),
+                                         parts.value(6).toInt(), 0, "");
     case 't':
-        emit controller.fileTransferStatus(client(1), parts.value(2).toUInt(), text(4), number(3), schid);
-        return;
+        return ts3plugin_onFileTransferStatusEvent(client(1), parts.value(2).toUInt(), text(4), number(3), schid);
     default:
         return;
     }

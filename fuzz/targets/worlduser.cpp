@@ -7,6 +7,7 @@
 #include "invitation/mytreeitem.h"
 #include "serverfiles/ts3downloaddialog.h"
 #include "serverfiles/ts3filedialog.h"
+#include "tests/plugin/exports.h"
 #include "whiteboard/whiteboard.h"
 
 #include <QAction>
@@ -70,9 +71,9 @@ void worlduser::act(const QByteArray& record)
     const int connection = parts.takeFirst().toInt();
     world.touch(connection);
     if (act == 'o') {
-        world.controller->handleCommand(world.handler(connection), QString::fromLatin1("open"));
+        ts3plugin_processCommand(world.handler(connection), "open");
     } else if (act == 'g') {
-        world.controller->showConfigDialog(nullptr);
+        ts3plugin_configure(nullptr, nullptr);
     } else if (QByteArray("itaclk").contains(act)) {
         if (invitationdialog* lobby = world.lobbyOf(connection))
             actInLobby(act, *lobby, parts);
@@ -105,7 +106,7 @@ void worlduser::refuse()
 void worlduser::completeTransfer()
 {
     const filerequest last = world.host.requests.isEmpty() ? filerequest() : world.host.requests.last();
-    emit world.controller->fileTransferStatus(last.transferID, ERROR_file_transfer_complete, QString(), 0, last.schid);
+    ts3plugin_onFileTransferStatusEvent(last.transferID, ERROR_file_transfer_complete, "", 0, last.schid);
 }
 
 void worlduser::actInLobby(char act, invitationdialog& lobby, const QList<QByteArray>& rows)
