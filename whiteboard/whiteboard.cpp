@@ -5,9 +5,18 @@
 #include "prompts/prompts.h"
 #include "protocol/kelvorprotocol.h"
 #include "protocol/zeroended.h"
+#include "serverfiles/filetexts.h"
 #include "serverfiles/ts3downloaddialog.h"
 
 #include <QListWidget>
+
+namespace {
+
+// The file goes into the user's directory under the name that the host of the session told. Anything but a picture
+// would be sent to take the place of something else there; without a name there is nothing to take the place of.
+bool mayBeFetched(const QString& remotePath) { return remotePath.isEmpty() || filetexts::isPicture(remotePath); }
+
+} // namespace
 
 whiteboard::whiteboard(const TS3Functions& functions, kelvorprotocol* protocol, uint64 schandler,
                        const QList<anyID>& participants, int width, int height, const QString& downloadDir,
@@ -72,7 +81,7 @@ QString whiteboard::fetchPicture(uint64 channel, const QString& remotePath, uint
         password = prompts::askText(this, QString::fromLatin1("Type in password"), label, QLineEdit::Password);
     }
     QString localPath;
-    if (password && !left) {
+    if (password && !left && mayBeFetched(remotePath)) {
         // Only here: without a picture an upload from this window gets no progress, as in all older versions.
         connect(controller, SIGNAL(fileTransferStatus(anyID, uint, QString, uint64, uint64)), this,
                 SLOT(onFileTransferStatusEvent(anyID, uint, QString, uint64, uint64)));

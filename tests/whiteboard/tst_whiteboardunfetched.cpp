@@ -25,6 +25,8 @@ private slots:
     void unreadablePictureGivesAWhitePicture_data();
     void unreadablePictureGivesAWhitePicture();
     void emptyPathIsTriedAllTheSame();
+    void whatIsNoPictureByItsNameIsNotAskedFor_data();
+    void whatIsNoPictureByItsNameIsNotAskedFor();
 
 private:
     QScopedPointer<sessionfixture> fixture;
@@ -133,6 +135,23 @@ void tst_whiteboardunfetched::emptyPathIsTriedAllTheSame()
     // Without a name no file can have come.
     QCOMPARE(fixture->host.takeTexts(), QList<QByteArray>{failedToAll});
     QVERIFY(isWhite(window));
+}
+
+void tst_whiteboardunfetched::whatIsNoPictureByItsNameIsNotAskedFor_data()
+{
+    QTest::addColumn<QString>("path");
+    for (const char* path : {"/.profile", "/kelvor.so", "/b.png/kelvor.so", "/b.png/", "/b.png.exe", "/"})
+        QTest::newRow(path) << QString::fromLatin1(path);
+}
+
+void tst_whiteboardunfetched::whatIsNoPictureByItsNameIsNotAskedFor()
+{
+    QFETCH(QString, path);
+    whiteboard* window = fixture->openGuest({2}, 1, path);
+    QVERIFY(fixture->host.requests.isEmpty());
+    QCOMPARE(fixture->host.takeTexts(), QList<QByteArray>{failedToAll});
+    QVERIFY(isWhite(window));
+    QVERIFY(window->isVisible());
 }
 
 int main(int argc, char** argv)
