@@ -2,6 +2,7 @@
 
 #include "hostapi/hostcalls.h"
 #include "mytreeitem.h"
+#include "prompts/plainline.h"
 
 #include <QKeyEvent>
 
@@ -13,15 +14,7 @@ constexpr anyID nobody = 65535;
 constexpr int longestName = 500;
 
 // A name as a row can show it, on one line.
-QString shownName(const QString& name)
-{
-    QString shown = name.left(longestName);
-    for (QChar& c : shown) {
-        if (c.category() == QChar::Other_Control || c == QChar::LineSeparator || c == QChar::ParagraphSeparator)
-            c = QLatin1Char(' ');
-    }
-    return shown;
-}
+QString shownName(const QString& name) { return plainLine(name.left(longestName), longestName); }
 
 // The row and all below it, each parent before its children.
 QList<QTreeWidgetItem*> branchOf(QTreeWidgetItem* row)

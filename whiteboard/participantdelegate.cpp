@@ -1,25 +1,17 @@
 #include "participantdelegate.h"
 
-#include <algorithm>
+#include "prompts/plainline.h"
 
 namespace {
 
 // Far more than the voice client lets anybody have, and little enough to lay out at once.
 constexpr int longestName = 200;
 
-bool breaksLine(QChar character)
-{
-    return character.category() == QChar::Other_Control || character.category() == QChar::Separator_Line
-        || character.category() == QChar::Separator_Paragraph;
-}
-
 } // namespace
 
 QString participantdelegate::displayText(const QVariant& value, const QLocale&) const
 {
-    QString name = value.toString().left(longestName);
-    std::replace_if(name.begin(), name.end(), breaksLine, QLatin1Char(' '));
-    return name;
+    return plainLine(value.toString().left(longestName), longestName);
 }
 
 QSize participantdelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const

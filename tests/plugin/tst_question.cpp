@@ -20,6 +20,7 @@ private slots:
     void theQuestionNamesWhatItCannotReadByAWord();
     void percentMarksInNamesChangeTheQuestion();
     void namesAreNeverReadAsMarkup();
+    void namesDoNotTurnTheRestOfTheQuestion();
     void filtersAnswerBusyWithoutAQuestion_data();
     void filtersAnswerBusyWithoutAQuestion();
     void anUnknownAwayStatusCountsAsPresent();
@@ -128,6 +129,19 @@ void tst_question::percentMarksInNamesChangeTheQuestion()
              QString::fromLatin1("You are invited to a kelvor session on server 50Ann by Ann. Do you want to accept?"));
 }
 
+void tst_question::namesDoNotTurnTheRestOfTheQuestion()
+{
+    controllerfixture fixture;
+    fixture.start();
+    fixture.host.servers[1].clients[2].nickname = "\xe2\x80\xae"
+                                                  "Ann";
+    fixture.answerNext(QMessageBox::No);
+    fixture.receive(controllerfixture::inviteFromAnn);
+    QCOMPARE(
+        fixture.asked(),
+        QString::fromLatin1("You are invited to a kelvor session on server Server 1 by Ann. Do you want to accept?"));
+}
+
 void tst_question::namesAreNeverReadAsMarkup()
 {
     controllerfixture fixture;
@@ -148,13 +162,15 @@ void tst_question::filtersAnswerBusyWithoutAQuestion_data()
     QTest::addColumn<QByteArray>("setting");
     QTest::addColumn<bool>("value");
     QTest::addColumn<bool>("away");
-    QTest::addColumn<bool>("otherTab");
+    QTest::addColumn<uint64>("tab");
     QTest::addColumn<bool>("busy");
-    QTest::newRow("present, front tab") << QByteArray("awayreject") << true << false << false << false;
-    QTest::newRow("away, rejecting") << QByteArray("awayreject") << true << true << false << true;
-    QTest::newRow("away, not rejecting") << QByteArray("awayreject") << false << true << false << false;
-    QTest::newRow("other tab, front only") << QByteArray("onlyactivetab") << true << false << true << true;
-    QTest::newRow("other tab, any") << QByteArray("onlyactivetab") << false << false << true << false;
+    QTest::newRow("present, front tab") << QByteArray("awayreject") << true << false << uint64(1) << false;
+    QTest::newRow("away, rejecting") << QByteArray("awayreject") << true << true << uint64(1) << true;
+    QTest::newRow("away, not rejecting") << QByteArray("awayreject") << false << true << uint64(1) << false;
+    QTest::newRow("other tab, front only") << QByteArray("onlyactivetab") << true << false << uint64(2) << true;
+    QTest::newRow("no tab, front only") << QByteArray("onlyactivetab") << true << false << uint64(0) << true;
+    QTest::newRow("no tab, any") << QByteArray("onlyactivetab") << false << false << uint64(0) << false;
+    QTest::newRow("other tab, any") << QByteArray("onlyactivetab") << false << false << uint64(2) << false;
 }
 
 void tst_question::filtersAnswerBusyWithoutAQuestion()
@@ -162,12 +178,12 @@ void tst_question::filtersAnswerBusyWithoutAQuestion()
     QFETCH(QByteArray, setting);
     QFETCH(bool, value);
     QFETCH(bool, away);
-    QFETCH(bool, otherTab);
+    QFETCH(uint64, tab);
     QFETCH(bool, busy);
     controllerfixture fixture;
     fixture.writeSetting(setting.constData(), value);
     fixture.host.servers[1].away = away;
-    fixture.host.currentConnection = otherTab ? 2 : 1;
+    fixture.host.currentConnection = tab;
     fixture.start();
     if (!busy)
         fixture.answerNext(QMessageBox::No);

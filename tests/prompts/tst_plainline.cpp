@@ -31,11 +31,15 @@ void tst_plainline::lineIsWhatCanBeShown_data()
     row("control characters", "\x01\t\x1b[31m\x7f", "   [31m ");
     row("line break where it is cut", "012\n56789ab\n", "012 …89ab ");
     row("HTML", "<b>x</b>", "<b>x</b>");
-    row("right to left",
-        "\xe2\x80\xae"
-        "abc",
-        "\xe2\x80\xae"
-        "abc");
+    row("all that turns the direction",
+        "a\u202ab\u202bc\u202cd\u202de\u202e"
+        "f\u2066g\u2067h\u2068i\u2069j",
+        "abcdefghij");
+    row("nothing but what turns the direction", "\u202e\u202e", "");
+    row("as long as may be, but for what turns the direction", "\u202e01234\u2066\u202c56789\u2069", "0123456789");
+    row("too long without what turns the direction", "\u202e0123456789a", "0123…6789a");
+    row("letters from the right", "שלום بيت", "שלום بيت");
+    row("beside what turns the direction", "\u2029a\u202f\u2065b\u206ac", " a\u202f\u2065b\u206ac");
     row("not Latin", "J\xc3\xb6rg \xf0\x9f\x8e\xa8", "J\xc3\xb6rg \xf0\x9f\x8e\xa8");
 }
 

@@ -154,7 +154,7 @@ void tst_filelisting::foreignNamesStayPlainAndOnTheirLine_data()
     QTest::newRow("line breaks") << "\na\nb.png"
                                  << " a b.png";
     const QString turned = QChar(0x202e) + QString("gnp.exe.png");
-    QTest::newRow("right to left") << turned << turned;
+    QTest::newRow("right to left") << turned << turned.mid(1);
     QTest::newRow("very long") << QString(100000, 'w') + ".png"
                                << QString(127, 'w') + QChar(0x2026) + QString(123, 'w') + ".png";
 }

@@ -31,7 +31,7 @@ private slots:
     void aHostThatFailsAtRandomIsSurvived();
     void twoConnectionsDoNotHearEachOther_data();
     void twoConnectionsDoNotHearEachOther();
-    void namesFromStrangersAreShownAsTheyAre();
+    void namesFromStrangersAreShownAsPlainText();
     void aFloodingPainterIsCutShort();
     void strokesAreFollowedFromTheMouseToAPeersWindow();
 
@@ -320,7 +320,7 @@ void tst_sessions::twoConnectionsDoNotHearEachOther()
     QVERIFY2(boards.endAll(&problem) && others.endAll(&problem), qPrintable(problem));
 }
 
-void tst_sessions::namesFromStrangersAreShownAsTheyAre()
+void tst_sessions::namesFromStrangersAreShownAsPlainText()
 {
     const QString hostile = QString::fromUtf8("<img src=/dev/zero> <b>Bob</b> \u202eevil\u202c %1 %2");
     stage boards(props());
@@ -339,7 +339,9 @@ void tst_sessions::namesFromStrangersAreShownAsTheyAre()
     QVERIFY(question);
     QVERIFY2(question->contains(QStringLiteral("<img src=/dev/zero>")), qPrintable(*question));
     PLAY(alice, "answer Yes");
-    QVERIFY2(alice->ask(QStringLiteral("wait row \"%1\" in invitationdialog Host").arg(hostile)),
+    // Without the characters that turn the direction of writing.
+    const QString shown = QStringLiteral("<img src=/dev/zero> <b>Bob</b> evil %1 %2");
+    QVERIFY2(alice->ask(QStringLiteral("wait row \"%1\" in invitationdialog Host").arg(shown)),
              qPrintable(alice->problem()));
     QVERIFY2(boards.endAll(&problem), qPrintable(problem));
 }
