@@ -215,5 +215,7 @@ void kelvor::endSessions()
     // A whiteboard says its own farewell.
     qDeleteAll(whiteboards);
     leaveLobbies();
+    // Nobody hears any more when the client's window goes, which may be before the calls below on the stack are done.
+    windows.freeEnding();
     windows.deleteAll();
 }

@@ -4,6 +4,8 @@
 #include "scenehand.h"
 #include "warningcount.h"
 
+#include <QTemporaryFile>
+
 #include <csignal>
 #include <memory>
 
@@ -50,6 +52,7 @@ private slots:
     void aSaveThatFailsKeepsTheOldFile();
     void aFileIsWrittenOverWhereNoNewOneMayBeMade_data();
     void aFileIsWrittenOverWhereNoNewOneMayBeMade();
+    void aWriteProtectedFileIsKept();
     void aSaveIntoNowhereIsSilent();
 };
 
@@ -170,6 +173,38 @@ void tst_savedpicture::aFileIsWrittenOverWhereNoNewOneMayBeMade()
         QVERIFY(old.size() < there.size() || there.isEmpty());
         QCOMPARE(QImage(path).convertToFormat(QImage::Format_ARGB32), scene.picture());
     }
+}
+
+// Also by its owner, who could put another file in its place.
+void tst_savedpicture::aWriteProtectedFileIsKept()
+{
+    const warningcount warnings;
+    paintscene scene(size.width(), size.height(), nullptr);
+    scene.setImage(QString(), false);
+    const QString path = directory->filePath("export.png");
+    QFile old(path);
+    QVERIFY(old.open(QIODevice::WriteOnly));
+    old.write("what was there");
+    old.close();
+    QVERIFY(old.setPermissions(QFile::Permissions(0x4444)));
+    QVERIFY(QFile::setPermissions(directory->path(), QFile::Permissions(0x7777)));
+
+    // Nothing is protected from the superuser, so that for once it is nobody, in name as well, which the toolkit asks.
+    const bool isSuperuser = geteuid() == 0;
+    const uid_t nobody = 65534;
+    QCOMPARE(isSuperuser ? chown(qPrintable(path), nobody, gid_t(-1)) : 0, 0);
+    QCOMPARE(isSuperuser ? setresuid(nobody, nobody, 0) : 0, 0);
+    const bool isProtected = !QFile(path).open(QIODevice::WriteOnly);
+    const bool isClosed = !QTemporaryFile(directory->filePath("new.png")).open();
+    scene.savePicture(path);
+    QCOMPARE(isSuperuser ? setresuid(0, 0, 0) : 0, 0);
+
+    QVERIFY(isProtected);
+    QVERIFY(!isClosed);
+    QVERIFY(old.open(QIODevice::ReadOnly));
+    QCOMPARE(old.readAll(), QByteArray("what was there"));
+    QCOMPARE(QDir(directory->path()).entryList(QDir::Files), QStringList{"export.png"});
+    QCOMPARE(warnings.count(), 0);
 }
 
 void tst_savedpicture::aSaveIntoNowhereIsSilent()

@@ -1,6 +1,9 @@
 #include "fuzz/targets/clientworld.h"
 #include "fuzz/targets/worldscript.h"
 
+#include <QDir>
+#include <QScopedValueRollback>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <random>
@@ -54,6 +57,8 @@ private slots:
     void functionsFailAtRandom();
     void textsAndListsAreNothing();
     void serversAreEmpty();
+    void noTabIsActive();
+    void directoriesAreNotTold();
 
 private:
     /// How often each function was called meanwhile.
@@ -158,6 +163,42 @@ void tst_failinghost::serversAreEmpty()
         server.channels.clear();
     }
     QVERIFY(playWholeSessions().value("getClientList") > 0);
+}
+
+void tst_failinghost::noTabIsActive()
+{
+    const QScopedValueRollback<uint64> tab(world.host.currentConnection, 0);
+    world.host.takeSent();
+    world.controller->startWhiteboard();
+    QCOMPARE(world.host.printed, QList<QByteArray>{"error querying connection status"});
+    QVERIFY(world.host.sent.isEmpty());
+    QCOMPARE(world.controller->stateOf(0), session_none);
+    QVERIFY(playWholeSessions().value("requestFile") > 0);
+}
+
+// The files are then those of the directory in which the client runs: the settings, and one for downloads.
+void tst_failinghost::directoriesAreNotTold()
+{
+    const QTemporaryDir working;
+    const QString before = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(working.path()));
+    TS3Functions table = world.host.table();
+    table.getConfigPath = [](char*, size_t) {};
+    table.getPluginPath = [](char*, size_t) {};
+    world.start(table);
+    playWholeSessions();
+    QList<filerequest> requests;
+    world.play(QList<QByteArray>{"uo 2", "ua 2", "ub 2 16", "y", "y", "y", "uw 2", "uo 2", "ul 2", "y",
+                                 "hl 2 1 / cat.png 77 5 1", "y", "y", "uc 2"},
+               [&] { requests = world.host.requests; });
+    world.shutdown();
+    const QStringList made = QDir(working.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    QVERIFY(QDir::setCurrent(before));
+    world.start();
+    QCOMPARE(requests.value(1).function, QByteArray("sendFile"));
+    QCOMPARE(requests.last().function, QByteArray("requestFile"));
+    QCOMPARE(requests.last().localDirectory, QFile::encodeName(working.filePath(QString::fromLatin1("kelvor"))));
+    QCOMPARE(made, (QStringList{QString::fromLatin1("kelvor"), QString::fromLatin1("kelvor.conf")}));
 }
 
 QTEST_MAIN(tst_failinghost)

@@ -1,12 +1,15 @@
 #include "canvas/paintscene.h"
 #include "fuzz/targets/clientworld.h"
+#include "hostilemessages.h"
 #include "invitation/invitationdialog.h"
-#include "protocol/messagewriter.h"
+#include "invitation/mytreeitem.h"
 #include "whiteboard/whiteboard.h"
 
 #include <QAction>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QTest>
+#include <QTreeWidget>
 
 #include <algorithm>
 
@@ -37,82 +40,47 @@ QList<standing> standings()
     };
 }
 
-// Participants and hosts, a stranger, nobody, the own client, and numbers that are cut to 16 bits.
-const QList<QByteArray> senders{"2", "3", "4", "0", "1", "65535", "65536", "65538", "4294967298", "x"};
-
-// What the number becomes on the way to a signal, by either of the ways in which readers take it.
-anyID cut(const QByteArray& sender) { return static_cast<anyID>(sender.toULongLong()); }
-anyID cutOrNone(const QByteArray& sender) { return static_cast<anyID>(sender.toUInt()); }
-
-QByteArray messageFrom(messagekind kind, const QByteArray& sender)
-{
-    const QByteArray head = static_cast<char>(kind) + QByteArray(" ");
-    switch (kind) {
-    case messagekind::invite:
-        return head + "2 " + sender;
-    case messagekind::start:
-        return head + sender + " 64 48 0 false 0 ";
-    case messagekind::draw:
-        return head + sender + " \x02 #ff0000 3 10|10 20|20";
-    case messagekind::extendedDraw:
-        return head + sender + " \x0a #00ff00 5|5";
-    case messagekind::downloadFinished:
-        return head + sender + " true";
-    case messagekind::ping:
-    case messagekind::pong:
-    case messagekind::busy:
-        return head + sender;
-    default:
-        return head + sender + " 3 4 65535 70000";
-    }
-}
-
 // The state in which the message leaves the connection.
 sessionstate expectedAfter(const standing& where, messagekind kind, const QByteArray& sender)
 {
     const bool waits = where.state == session_joining;
-    if (waits && kind == messagekind::start && cutOrNone(sender) == 2)
+    if (waits && kind == messagekind::start && hostile::cutOrNone(sender) == 2)
         return session_running;
-    if (waits && (kind == messagekind::takeBack || kind == messagekind::logout) && cut(sender) == 2)
+    if (waits && (kind == messagekind::takeBack || kind == messagekind::logout) && hostile::cut(sender) == 2)
         return session_none;
-    const bool invites = kind == messagekind::invite && cutOrNone(sender) != 0;
+    const bool invites = kind == messagekind::invite && hostile::cutOrNone(sender) != 0;
     return where.state == session_none && invites ? session_invited : where.state;
+}
+
+// Whether a message of this sender can be seen nowhere: of one who takes part in nothing, and what only the host of a
+// session tells from one who is not the host.
+bool isIgnored(const standing& where, messagekind kind, const QByteArray& sender)
+{
+    const auto takesPart = [](anyID client) { return client >= 1 && client <= 3; };
+    if (takesPart(hostile::cut(sender)) || takesPart(hostile::cutOrNone(sender)))
+        return sender == "3" && hostile::tellsAboutOthers(kind);
+    // A host believes everybody who answers, be it that an invitation was taken back on the way.
+    const bool answers = kind == messagekind::reject || kind == messagekind::rejectVersion || kind == messagekind::pong
+        || kind == messagekind::busy;
+    return !answers || where.state != session_hosting;
 }
 
 QByteArray record(int connection, const QByteArray& text) { return QByteArray::number(connection) + text; }
 
-// As long as the voice client lets a message be.
-QList<QByteArray> longTexts(int kind)
+QList<QByteArray> records(int connection, const QList<QByteArray>& texts)
 {
-    constexpr int longest = 8192;
-    QList<QByteArray> texts;
-    for (const char* piece : {" ", "3 ", "9", "\xff", "1|2 ", "|", "#", "\t"}) {
-        const QByteArray head = static_cast<char>(kind) + QByteArray(" 2 ");
-        const QByteArray paint = head + "\x02 #ff0000 9 ";
-        texts.append((head + QByteArray(piece).repeated(longest)).left(longest));
-        texts.append((paint + QByteArray(piece).repeated(longest)).left(longest));
-    }
-    return texts;
+    QList<QByteArray> all;
+    for (const QByteArray& text : texts)
+        all.append(record(connection, text));
+    return all;
 }
 
-QByteArray startOf(const QByteArray& width, const QByteArray& height)
+QString numbers(const QList<anyID>& clients)
 {
-    return "\x10 2 " + width + ' ' + height + " 0 false 0 ";
-}
-
-// One message of each tool and operation, as participant 2 sends it.
-QList<QByteArray> paintRecords(int connection)
-{
-    QList<QByteArray> records;
-    for (char tool = 0; tool < 32; ++tool) {
-        const QByteArray sender = QByteArray(" 2 ") + tool;
-        records.append(record(connection, '\x11' + sender + " #ff0000 7 3|3 30|30 9|9 40|40"));
-        records.append(record(connection, '\x13' + sender + " #ff0000 3|3"));
-        records.append(record(connection, '\x13' + sender + " full"));
-        records.append(record(connection, '\x13' + sender + " 3|3 30|30"));
-        records.append(record(connection, '\x13' + sender + " #ff0000 7 3|3 40|40 word"));
-    }
-    return records;
+    QString text;
+    for (const anyID client : clients)
+        text += QString::number(client) + QLatin1Char(' ');
+    return text;
 }
 
 } // namespace
@@ -128,6 +96,8 @@ private slots:
 
     void statesAreAsToldAfterEachMessage_data();
     void statesAreAsToldAfterEachMessage();
+    void aGuestsLobbyFollowsItsHostAboutAnybody_data();
+    void aGuestsLobbyFollowsItsHostAboutAnybody();
     void messagesOnAnotherConnectionChangeNothing_data() { statesAreAsToldAfterEachMessage_data(); }
     void messagesOnAnotherConnectionChangeNothing();
     void longMessagesAreSurvivedInEveryState_data() { statesAreAsToldAfterEachMessage_data(); }
@@ -142,6 +112,7 @@ private slots:
 
 private:
     QImage pictureOf(int connection) const;
+    QStringList seenIn(int connection) const;
 
     clientworld world;
 };
@@ -150,6 +121,30 @@ QImage tst_hostileparticipant::pictureOf(int connection) const
 {
     const whiteboard* board = world.boardOf(connection);
     return board ? board->findChild<paintscene*>()->picture() : QImage();
+}
+
+// What the windows of a connection show, and the lists behind the rows of a lobby.
+QStringList tst_hostileparticipant::seenIn(int connection) const
+{
+    QStringList seen;
+    if (const invitationdialog* lobby = world.lobbyOf(connection)) {
+        for (QTreeWidgetItemIterator row(lobby->findChild<QTreeWidget*>()); *row; ++row) {
+            const auto state = static_cast<const mytreeitem*>(*row)->inviteState();
+            seen << (*row)->text(0) << (*row)->toolTip(0) << QString::number(static_cast<int>(state));
+        }
+        const invitees& lists = lobby->lists();
+        seen << numbers(lists.accepted()) << numbers(lists.invited()) << numbers(lists.rejected());
+    }
+    if (const whiteboard* board = world.boardOf(connection)) {
+        const auto* participants = board->findChild<QListWidget*>();
+        for (int row = 0; row < participants->count(); ++row) {
+            const QListWidgetItem* participant = participants->item(row);
+            seen << participant->text() << participant->data(Qt::AccessibleDescriptionRole).toString();
+        }
+        const QImage picture = pictureOf(connection);
+        seen << QString::number(qHashBits(picture.constBits(), static_cast<std::size_t>(picture.sizeInBytes())));
+    }
+    return seen;
 }
 
 void tst_hostileparticipant::statesAreAsToldAfterEachMessage_data()
@@ -164,16 +159,68 @@ void tst_hostileparticipant::statesAreAsToldAfterEachMessage()
 {
     QFETCH(int, place);
     const standing where = standings().at(place);
-    for (int kind = 1; kind <= 24; ++kind) {
+    const QList<QByteArray> senders = hostile::senders();
+    for (int number = 1; number <= 24; ++number) {
+        const auto kind = static_cast<messagekind>(number);
         for (const QByteArray& sender : senders) {
-            const QByteArray text = messageFrom(static_cast<messagekind>(kind), sender);
+            const QList<QByteArray> texts = hostile::messagesFrom(kind, sender);
+            const QStringList before = seenIn(where.connection);
+            QStringList after;
             sessionstate state = session_none;
-            world.play(where.before + QList<QByteArray>{record(where.connection, text)},
-                       [&] { state = world.stateOf(where.connection); });
-            QVERIFY2(state == expectedAfter(where, static_cast<messagekind>(kind), sender), text.toHex(' '));
+            world.play(where.before + records(where.connection, texts), [&] {
+                state = world.stateOf(where.connection);
+                after = seenIn(where.connection);
+            });
+            QVERIFY2(state == expectedAfter(where, kind, sender), texts.first().toHex(' '));
+            // What leads to the other places changes what is seen itself.
+            if (where.before.isEmpty() && isIgnored(where, kind, sender))
+                QVERIFY2(after == before, texts.first().toHex(' '));
             world.restore();
         }
     }
+}
+
+void tst_hostileparticipant::aGuestsLobbyFollowsItsHostAboutAnybody_data()
+{
+    QTest::addColumn<QByteArray>("told");
+    const QList<QByteArray> told = hostile::told();
+    for (const QByteArray& number : told)
+        QTest::newRow(number.constData()) << number;
+}
+
+void tst_hostileparticipant::aGuestsLobbyFollowsItsHostAboutAnybody()
+{
+    QFETCH(QByteArray, told);
+    const int connection = clientworld::lobbyAsGuest;
+    const invitees& lists = world.lobbyOf(connection)->lists();
+    const anyID client = hostile::cut(told);
+    const QList<anyID> known = client == 0 ? QList<anyID>() : QList<anyID>{client};
+    const auto tell = [&](messagekind kind) {
+        world.play(QList<QByteArray>{record(connection, static_cast<char>(kind) + QByteArray(" 2 ") + told)});
+    };
+    world.play(QList<QByteArray>{record(connection, "\x08 2 3")});
+    QVERIFY(lists.accepted().isEmpty());
+    for (const messagekind kind : {messagekind::acceptlist, messagekind::clientAcceptedInvite}) {
+        tell(kind);
+        QCOMPARE(lists.accepted(), known);
+        tell(messagekind::clientInvited);
+        QCOMPARE(lists.invited(), known);
+        QVERIFY(lists.accepted().isEmpty());
+    }
+    for (const messagekind kind : {messagekind::clientRejectedInvite, messagekind::clientRejectedInviteVersion}) {
+        tell(kind);
+        QCOMPARE(lists.rejected(), known);
+        tell(messagekind::clientInvited);
+        QVERIFY(lists.rejected().isEmpty());
+    }
+    tell(messagekind::clientTakenBack);
+    QVERIFY(lists.invited().isEmpty());
+    // Of the channels the tree shows these.
+    const QStringList before = seenIn(connection);
+    tell(messagekind::channelInvited);
+    QCOMPARE(seenIn(connection) != before, told == "3" || told == "1");
+    tell(messagekind::channelTakenBack);
+    QCOMPARE(seenIn(connection), before);
 }
 
 void tst_hostileparticipant::messagesOnAnotherConnectionChangeNothing()
@@ -183,11 +230,11 @@ void tst_hostileparticipant::messagesOnAnotherConnectionChangeNothing()
     const int other =
         where.connection == clientworld::boardAsHost ? clientworld::boardAsGuest : clientworld::boardAsHost;
     for (int kind = 1; kind <= 24; ++kind) {
-        const QByteArray text = messageFrom(static_cast<messagekind>(kind), "2");
+        const QList<QByteArray> texts = hostile::messagesFrom(static_cast<messagekind>(kind), "2");
         sessionstate state = session_none;
-        world.play(where.before + QList<QByteArray>{record(other, text), record(clientworld::unknown, text)},
+        world.play(where.before + records(other, texts) + records(clientworld::unknown, texts),
                    [&] { state = world.stateOf(where.connection); });
-        QVERIFY2(state == where.state, text.toHex(' '));
+        QVERIFY2(state == where.state, texts.first().toHex(' '));
         world.restore();
     }
 }
@@ -197,12 +244,8 @@ void tst_hostileparticipant::longMessagesAreSurvivedInEveryState()
     QFETCH(int, place);
     const standing where = standings().at(place);
     for (int kind = 0; kind <= 25; ++kind) {
-        QList<QByteArray> records = where.before;
-        const QList<QByteArray> texts = longTexts(kind);
-        for (const QByteArray& text : texts)
-            records.append(record(where.connection, text));
         bool reached = false;
-        world.play(records, [&] { reached = true; });
+        world.play(where.before + records(where.connection, hostile::longTexts(kind)), [&] { reached = true; });
         QVERIFY(reached);
         world.restore();
     }
@@ -214,8 +257,9 @@ void tst_hostileparticipant::onlyParticipantsPaint_data()
     QTest::addColumn<QByteArray>("sender");
     QTest::addColumn<bool>("paints");
     for (const clientworld::connection connection : {clientworld::boardAsHost, clientworld::boardAsGuest}) {
+        const QList<QByteArray> senders = hostile::senders();
         for (const QByteArray& sender : senders) {
-            const anyID client = cutOrNone(sender);
+            const anyID client = hostile::cutOrNone(sender);
             QTest::addRow("%s on %d", sender.constData(), connection)
                 << int(connection) << sender << (client == 2 || client == 3);
         }
@@ -230,7 +274,7 @@ void tst_hostileparticipant::onlyParticipantsPaint()
     for (const messagekind kind : {messagekind::draw, messagekind::extendedDraw}) {
         const QImage before = pictureOf(connection);
         QVERIFY(!before.isNull());
-        world.play(QList<QByteArray>{record(connection, messageFrom(kind, sender))});
+        world.play(records(connection, hostile::messagesFrom(kind, sender)));
         QCOMPARE(pictureOf(connection) != before, paints);
     }
     world.touch(connection);
@@ -259,21 +303,21 @@ void tst_hostileparticipant::absurdSizesOpenAWindowWithoutACanvas()
     QFETCH(QByteArray, width);
     QFETCH(QByteArray, height);
     const int connection = clientworld::lobbyAsGuest;
-    world.play(QList<QByteArray>{record(connection, startOf(width, height))});
+    world.play(QList<QByteArray>{record(connection, hostile::startOf(width, height))});
     QCOMPARE(world.stateOf(connection), session_running);
     QVERIFY(world.boardOf(connection));
     QVERIFY(pictureOf(connection).isNull());
     // Peers paint on it, the user too, and every button is pressed; what a button asks is refused.
-    QList<QByteArray> records = paintRecords(connection);
+    QList<QByteArray> played = records(connection, hostile::paintTexts());
     for (int tool = 1; tool <= 17; ++tool)
-        records << "us 3 " + QByteArray::number(tool) << "ud 3 1 1"
-                << "um 3 9 9"
-                << "ur 3 9 9"
-                << "uq 3 65";
+        played << "us 3 " + QByteArray::number(tool) << "ud 3 1 1"
+               << "um 3 9 9"
+               << "ur 3 9 9"
+               << "uq 3 65";
     const int actions = world.boardOf(connection)->findChildren<QAction*>().size();
     for (int action = 0; action < actions; ++action)
-        records << "ub 3 " + QByteArray::number(action) << "n";
-    world.play(records);
+        played << "ub 3 " + QByteArray::number(action) << "n";
+    world.play(played);
     QVERIFY(world.boardOf(connection));
     QVERIFY(pictureOf(connection).isNull());
 }
@@ -288,7 +332,7 @@ void tst_hostileparticipant::aLobbyOfTenThousandNamesIsKeptAndStarts()
     world.play(QList<QByteArray>{list, list});
     QVERIFY(world.lobbyOf(clientworld::lobbyAsGuest));
     QCOMPARE(world.lobbyOf(clientworld::lobbyAsGuest)->accepted().size(), names);
-    world.play(QList<QByteArray>{record(clientworld::lobbyAsGuest, startOf("64", "48"))});
+    world.play(QList<QByteArray>{record(clientworld::lobbyAsGuest, hostile::startOf("64", "48"))});
     QVERIFY(world.boardOf(clientworld::lobbyAsGuest));
     QList<sentcommand> sent;
     world.play(QList<QByteArray>{"uw 3"}, [&] { sent = world.host.sent; });
@@ -301,14 +345,14 @@ void tst_hostileparticipant::aLobbyOfTenThousandNamesIsKeptAndStarts()
 void tst_hostileparticipant::aFloodOfInvitationsAsksOnceAConnection()
 {
     constexpr int rounds = 500;
-    QList<QByteArray> records;
+    QList<QByteArray> played;
     for (int client = 1; client <= rounds; ++client) {
         for (const int connection : {clientworld::idle, clientworld::unknown, clientworld::lobbyAsGuest})
-            records.append(record(connection, "\x01 2 " + QByteArray::number(client)));
+            played.append(record(connection, "\x01 2 " + QByteArray::number(client)));
     }
     int questions = 0;
     int turnedAway = 0;
-    world.play(records, [&] {
+    world.play(played, [&] {
         questions = world.player.shown<QMessageBox>().size();
         turnedAway = static_cast<int>(std::count_if(world.host.sent.begin(), world.host.sent.end(),
                                                     [](const sentcommand& sent) { return sent.text == "\x18 1"; }));
@@ -327,23 +371,23 @@ void tst_hostileparticipant::aFloodOfFillsAndEffectsLeavesTheCanvasWhole()
     world.touch(connection);
     world.play(QByteArray(), [&] {
         world.controller->handlePluginCommand(world.handler(connection), QString::fromLatin1("kelvor"),
-                                              startOf("2000", "2000").constData());
+                                              hostile::startOf("2000", "2000").constData());
     });
     QCOMPARE(pictureOf(connection).size(), QSize(2000, 2000));
     world.play(QList<QByteArray>{record(connection, "\x11 2 \x02 #123456 5 10|10 1900|40 30|1700")});
     const QImage before = pictureOf(connection);
     // Each pair of effects undoes itself, and the two fills as well.
-    QList<QByteArray> records;
+    QList<QByteArray> played;
     for (int round = 0; round < rounds; ++round) {
         for (const char* effect : {"\x0d", "\x0e", "\x0f", "\x10"}) {
             for (const char* area : {"full", "0|0 1999|1999"})
-                records << record(connection, QByteArray("\x13 2 ") + effect + ' ' + area)
-                        << record(connection, QByteArray("\x13 2 ") + effect + ' ' + area);
+                played << record(connection, QByteArray("\x13 2 ") + effect + ' ' + area)
+                       << record(connection, QByteArray("\x13 2 ") + effect + ' ' + area);
         }
-        records << record(connection, "\x13 2 \x0a #00ff00 1990|1990")
-                << record(connection, "\x13 2 \x0a #ffffff 1990|1990");
+        played << record(connection, "\x13 2 \x0a #00ff00 1990|1990")
+               << record(connection, "\x13 2 \x0a #ffffff 1990|1990");
     }
-    world.play(records);
+    world.play(played);
     QCOMPARE(world.stateOf(connection), session_running);
     QVERIFY(pictureOf(connection) == before);
 }

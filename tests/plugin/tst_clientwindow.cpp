@@ -22,6 +22,7 @@ private slots:
     void aFileDialogEndsWithItsLobby();
     void aGuestThatDownloadsGoesOn_data();
     void aGuestThatDownloadsGoesOn();
+    void thePluginGoesBeforeItWhileAGuestDownloads();
     void aWhiteboardStays();
 };
 
@@ -133,6 +134,28 @@ void tst_clientwindow::aGuestThatDownloadsGoesOn()
     QCOMPARE(alive, inLoop);
     QCOMPARE(controllerfixture::boards().size(), 1);
     QCOMPARE(fixture.controller->stateOf(1), session_running);
+}
+
+// The controller hears no more of the window, and the lobby still stands below on the stack.
+void tst_clientwindow::thePluginGoesBeforeItWhileAGuestDownloads()
+{
+    controllerfixture fixture;
+    auto window = std::make_unique<MainWindow>(6);
+    fixture.start();
+    acceptInvitation(fixture);
+    const QPointer<invitationdialog> lobby = controllerfixture::lobbies().first();
+    bool alive = false;
+    const whenopen<ts3downloaddialog> user([&](ts3downloaddialog&) {
+        fixture.controller.reset();
+        window.reset();
+        alive = !lobby.isNull();
+    });
+    inEventLoop([&fixture] { fixture.receive("\x10 2 300 200 1 false 77 /b.png"); });
+    QVERIFY(user.ran());
+    QVERIFY(!window);
+    QVERIFY(alive);
+    QVERIFY(!lobby);
+    QVERIFY(controllerfixture::boards().isEmpty());
 }
 
 void tst_clientwindow::aWhiteboardStays()
