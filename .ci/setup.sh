@@ -43,13 +43,14 @@ install_packages() {
     rm -f "$log"
 }
 
-# build PRESET [target...]: configures and builds all, or the targets, into build/PRESET, with progress on a terminal.
+# build PRESET [target...]: configures and builds all, or the targets, into build/PRESET, with progress on a terminal. With
+# KELVOR_STRICT a warning is an error.
 build() {
     local preset=$1 targets=()
     shift
     [ $# -eq 0 ] || targets=(--target "$@")
     echo "Building into build/$preset ..."
-    cmake --preset "$preset" -G Ninja >"build-$preset.log" 2>&1 || {
+    cmake --preset "$preset" -G Ninja "-DCMAKE_COMPILE_WARNING_AS_ERROR=${KELVOR_STRICT:-OFF}" >"build-$preset.log" 2>&1 || {
         tail -n 30 "build-$preset.log" >&2
         fail "The configuration failed."
     }
