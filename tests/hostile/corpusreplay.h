@@ -10,7 +10,7 @@ class corpusreplay : public QObject {
     Q_OBJECT
 
 public:
-    /// So many mutations take some seconds, or some minutes under sanitizers.
+    /// So many mutations are tried under sanitizers, which takes a minute or two, and otherwise a quarter of them.
     corpusreplay(const char* target, int mutations);
 
 private slots:
